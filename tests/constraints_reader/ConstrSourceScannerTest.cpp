@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "ConstrSourceScanner.h"
+#include "ReaderTestSupport.h"
+
+using kpe::constraints::ConstrSourceScanner;
+
+namespace {
+
+// The search as a person would do it with the file open: line by line from the start for
+// the quoted name, then from the next line on for the quoted key.
+ConstrSourceScanner::Position searchByLines(std::string const& file, std::string const& name,
+                                            std::string const* key) {
+  std::ifstream in(file, std::ios_base::binary);
+  std::string line;
+  int number = 0;
+  std::string needle = '"' + name + '"';
+  std::string::size_type at = std::string::npos;
+  while (at == std::string::npos && std::getline(in, line)) {
+    ++number;
+    at = line.find(needle);
+  }
+  if (at != std::string::npos && key != nullptr) {
+    needle = '"' + *key + '"';
+    at = std::string::npos;
+    while (at == std::string::npos && std::getline(in, line)) {
+      ++number;
+      at = line.find(needle);
+    }
+  }
+  ConstrSourceScanner::Position position;
+  if (at == std::string::npos) return position;
+  position.line = number;
+  position.column = static_cast<int>(at) + 1;
+  return position;
+}
+
+void expectPosition(ConstrSourceScanner::Position const& position, int line, int column) {
+  EXPECT_EQ(line, position.line);
+  EXPECT_EQ(column, position.column);
+}
+
+}  // namespace
+
+TEST(ConstrSourceScanner, FindsTheFirstQuotedNameThenTheKeyOnALaterLine) {
+  ConstrSourceScanner scanner(readerTestFile("scan_positions.json"));
+  expectPosition(scanner.find("a", "tile"), 4, 7);
+  // The key on the name's own line is not seen.
+  expectPosition(scanner.find("a", "colocated_nodes"), 0, 0);
+  // "b" first stands in a's list, so b's tile is taken for a's.
+  expectPosition(scanner.find("b", "tile"), 4, 7);
+  expectPosition(scanner.find("b"), 3, 32);
+  expectPosition(scanner.find("g1"), 10, 49);
+  expectPosition(scanner.find("missing", "tile"), 0, 0);
+  expectPosition(scanner.find("a", "missing"), 0, 0);
+  // A quote inside the text is searched for literally, escape and all.
+  expectPosition(scanner.find("say \\\"hi\\\""), 7, 2);
+  EXPECT_EQ(ConstrSourceScanner::State::Loaded, scanner.load());
+}
+
+TEST(ConstrSourceScanner, AgreesWithALineByLineSearchForEveryPair) {
+  std::string const file = readerTestFile("scan_positions.json");
+  std::vector<std::string> const texts = {"a", "b", "y", "b\\", "x\\", "", "tile", "name", "column", "g1",
+                                          "colocated_nodes", "areaGroup", "say \\\"hi\\\"", "\"", "b\"", "nope",
+                                          "NodeConstraints", ": ", "1 } },\r"};
+  ConstrSourceScanner scanner(file);
+  for (std::string const& name : texts) {
+    ConstrSourceScanner::Position expected = searchByLines(file, name, nullptr);
+    ConstrSourceScanner::Position found = scanner.find(name);
+    EXPECT_EQ(expected.line, found.line) << name;
+    EXPECT_EQ(expected.column, found.column) << name;
+    for (std::string const& key : texts) {
+      expected = searchByLines(file, name, &key);
+      found = scanner.find(name, key);
+      EXPECT_EQ(expected.line, found.line) << name << " / " << key;
+      EXPECT_EQ(expected.column, found.column) << name << " / " << key;
+    }
+  }
+}
+
+TEST(ConstrSourceScanner, FilesThatCannotBeScannedGiveNoPosition) {
+  ConstrSourceScanner noName("");
+  EXPECT_EQ(ConstrSourceScanner::State::NoFileName, noName.load());
+  expectPosition(noName.find("a", "tile"), 0, 0);
+
+  ConstrSourceScanner directory(readerTestFile(""));
+  EXPECT_EQ(ConstrSourceScanner::State::NotRegularFile, directory.load());
+
+  ConstrSourceScanner missing(readerTestFile("no_such_file.json"));
+  EXPECT_EQ(ConstrSourceScanner::State::NotRegularFile, missing.load());
+  expectPosition(missing.find("a"), 0, 0);
+}
