@@ -1,0 +1,40 @@
+#ifndef TRAFFICNET_H
+#define TRAFFICNET_H
+
+#include <cstddef>
+
+#include "PerfSpec.h"
+
+namespace HrdIPToolCntr {
+
+class TrafficPath;
+
+// One direction of traffic of a path, which the NoC routes on its own. Made and owned by its
+// path.
+class TrafficNet {
+ public:
+  enum NetType { READ = 0, WRITE = 1, READ_REQ = 2, WRITE_RESP = 3 };
+
+  TrafficNet(TrafficNet const&) = delete;
+  TrafficNet& operator=(TrafficNet const&) = delete;
+
+  // Creation order within the specification, from 0.
+  std::size_t getId() const { return m_id; }
+  NetType getType() const { return m_type; }
+  TrafficPath const* getPath() const { return m_path; }
+  // Read nets and read requests carry the path's read requirements, the other two its write
+  // requirements.
+  PerfSpec getPerfSpec() const;
+
+ private:
+  friend class TrafficPath;
+  TrafficNet(std::size_t id, NetType type, TrafficPath const* path) : m_id(id), m_type(type), m_path(path) {}
+
+  std::size_t m_id;
+  NetType m_type;
+  TrafficPath const* m_path;
+};
+
+}  // namespace HrdIPToolCntr
+
+#endif
