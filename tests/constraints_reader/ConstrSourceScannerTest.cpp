@@ -5,11 +5,13 @@
 #include <vector>
 
 #include "ConstrSourceScanner.h"
-#include "ReaderTestSupport.h"
+#include "TestSupport.h"
 
 using kpe::constraints::ConstrSourceScanner;
 
 namespace {
+
+std::string readerTestFile(std::string const& name) { return tarvo_test::dataPath("constraints_reader/" + name); }
 
 // The search as a person would do it with the file open: line by line from the start for
 // the quoted name, then from the next line on for the quoted key.
