@@ -1,0 +1,29 @@
+# Shared settings for every target of the project.
+function(tarvo_warnings target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic)
+  if(TARVO_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+endfunction()
+
+# A shared library of the project: sources globbed from the given folders, public headers
+# from `include_dir`, installed and exported under the tarvo:: namespace.
+function(tarvo_library target)
+  cmake_parse_arguments(ARG "" "INCLUDE_DIR;EXPORT_NAME" "SOURCE_DIRS;LINK" ${ARGN})
+  set(sources)
+  foreach(dir ${ARG_SOURCE_DIRS})
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS ${dir}/*.cpp)
+    list(APPEND sources ${found})
+  endforeach()
+  add_library(${target} SHARED ${sources})
+  add_library(tarvo::${ARG_EXPORT_NAME} ALIAS ${target})
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${ARG_EXPORT_NAME}
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${ARG_INCLUDE_DIR}>
+    $<INSTALL_INTERFACE:${TARVO_INSTALL_INCLUDEDIR}>)
+  target_link_libraries(${target} PUBLIC ${ARG_LINK})
+  tarvo_warnings(${target})
+  set_property(GLOBAL APPEND PROPERTY TARVO_EXPORTED_TARGETS ${target})
+  set_property(GLOBAL APPEND PROPERTY TARVO_PUBLIC_HEADER_DIRS ${ARG_INCLUDE_DIR})
+endfunction()

@@ -1,0 +1,76 @@
+#include "HCRapidJsonStreams.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace {
+
+// Counts the newlines in [text, text + count); `lineStart` becomes the offset just behind the
+// last of them, where `base` is the offset of `text`.
+void countLines(char const* text, std::size_t count, std::size_t base, std::size_t& lines, std::size_t& lineStart) {
+  char const* const end = text + count;
+  for (char const* p = text; (p = static_cast<char const*>(std::memchr(p, '\n', static_cast<std::size_t>(end - p))));
+       ++p) {
+    ++lines;
+    lineStart = base + static_cast<std::size_t>(p - text) + 1;
+  }
+}
+
+}  // namespace
+
+HCJsonInputStream::HCJsonInputStream(std::istream& in, std::size_t blockSize)
+    : m_in(in), m_blockSize(std::max<std::size_t>(blockSize, 4)), m_block(m_blockSize + 1), m_previous(m_blockSize + 1) {
+  readBlock();
+}
+
+void HCJsonInputStream::readBlock() {
+  countLines(m_previous.data(), m_previousCount, m_previousOffset, m_linesBeforePrevious, m_lineStartBeforePrevious);
+  std::swap(m_block, m_previous);
+  m_previousCount = m_readCount;
+  m_previousOffset = m_blockOffset;
+  m_blockOffset += m_readCount;
+
+  std::streamsize const got = m_in.rdbuf() == nullptr
+                                  ? 0
+                                  : m_in.rdbuf()->sgetn(m_block.data(), static_cast<std::streamsize>(m_blockSize));
+  m_readCount = got > 0 ? static_cast<std::size_t>(got) : 0;
+  m_current = m_block.data();
+  // Like a FILE-backed reader: the last valid byte, and past the end a '\0' sentinel that
+  // the parser sees as the end of the text.
+  m_last = m_block.data() + m_readCount;
+  if (m_readCount < m_blockSize) {
+    m_block[m_readCount] = '\0';
+    m_eof = true;
+  } else {
+    --m_last;
+  }
+}
+
+HCJsonInputStream::Position HCJsonInputStream::positionOf(std::size_t offset) const {
+  std::size_t lines = m_linesBeforePrevious;
+  std::size_t lineStart = m_lineStartBeforePrevious;
+  auto scan = [&](std::vector<Ch> const& block, std::size_t count, std::size_t base) {
+    if (offset <= base) return;
+    countLines(block.data(), std::min(count, offset - base), base, lines, lineStart);
+  };
+  scan(m_previous, m_previousCount, m_previousOffset);
+  scan(m_block, m_readCount, m_blockOffset);
+  offset = std::max(offset, lineStart);
+  return Position{lines + 1, offset - lineStart + 1};
+}
+
+HCJsonOutputStream::HCJsonOutputStream(std::ostream& out, std::size_t blockSize)
+    : m_out(out), m_buffer(std::max<std::size_t>(blockSize, 1)) {}
+
+HCJsonOutputStream::~HCJsonOutputStream() { drain(); }
+
+void HCJsonOutputStream::drain() {
+  if (m_used != 0) m_out.write(m_buffer.data(), static_cast<std::streamsize>(m_used));
+  m_used = 0;
+}
+
+void HCJsonOutputStream::Flush() {
+  drain();
+  m_out.flush();
+}

@@ -1,0 +1,39 @@
+#include "xp_openers.h"
+
+#include <boost/iostreams/device/file.hpp>
+#include <boost/iostreams/filter/gzip.hpp>
+
+#include <fstream>
+
+namespace ovk {
+namespace iostreams {
+
+namespace {
+
+bool hasGzipMagic(char const* file) {
+  std::ifstream probe(file, std::ios_base::in | std::ios_base::binary);
+  unsigned char magic[2] = {0, 0};
+  probe.read(reinterpret_cast<char*>(magic), 2);
+  return probe.gcount() == 2 && magic[0] == 0x1f && magic[1] == 0x8b;
+}
+
+void pushFile(char const* file, std::ios_base::openmode mode, filtering_istream& stream) {
+  boost::iostreams::file_source source(file, mode | std::ios_base::in);
+  if (!source.is_open()) {
+    stream.setstate(std::ios_base::failbit);
+    return;
+  }
+  stream.push(source);
+}
+
+}  // namespace
+
+void basic_file::operator()(char const* file, filtering_istream& stream) const { pushFile(file, m_mode, stream); }
+
+void xp_autodetect::operator()(char const* file, filtering_istream& stream) const {
+  if (hasGzipMagic(file)) stream.push(boost::iostreams::gzip_decompressor());
+  pushFile(file, m_mode | std::ios_base::binary, stream);
+}
+
+}  // namespace iostreams
+}  // namespace ovk
