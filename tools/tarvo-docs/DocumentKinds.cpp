@@ -1,0 +1,17 @@
+#include "DocumentKind.h"
+
+#include "kinds/Kinds.h"
+
+namespace tarvo_docs {
+
+// The one place where document kinds are listed; detection tries them in this order.
+std::vector<std::unique_ptr<DocumentKind>> const& documentKinds() {
+  static std::vector<std::unique_ptr<DocumentKind>> const kinds = [] {
+    std::vector<std::unique_ptr<DocumentKind>> all;
+    all.push_back(makeMetadataKind());
+    return all;
+  }();
+  return kinds;
+}
+
+}  // namespace tarvo_docs

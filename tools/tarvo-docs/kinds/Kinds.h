@@ -1,0 +1,15 @@
+#ifndef TARVO_DOCS_KINDS_H
+#define TARVO_DOCS_KINDS_H
+
+#include <memory>
+
+#include "../DocumentKind.h"
+
+namespace tarvo_docs {
+
+// One factory per document kind, each defined in its own file of this folder.
+std::unique_ptr<DocumentKind> makeMetadataKind();
+
+}  // namespace tarvo_docs
+
+#endif
