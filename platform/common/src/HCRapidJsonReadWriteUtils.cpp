@@ -123,7 +123,11 @@ bool HCRapidJsonReadWriteUtils::GetBooleanProperty(Value const& object, std::str
 
 int HCRapidJsonReadWriteUtils::GetIntegrProperty(Value const& object, std::string const& key) {
   Value const* value = findMember(object, key);
-  return value != nullptr && value->IsInt() ? value->GetInt() : 0;
+  if (value != nullptr && value->IsInt()) return value->GetInt();
+  // A number written with a fraction within range reads as its integer part.
+  if (value != nullptr && value->IsDouble() && value->GetDouble() > -2147483649.0 && value->GetDouble() < 2147483648.0)
+    return static_cast<int>(value->GetDouble());
+  return 0;
 }
 
 unsigned long long HCRapidJsonReadWriteUtils::GetULongProperty(Value const& object, std::string const& key) {
@@ -228,6 +232,8 @@ rapidjson::ParseResult HCRapidJsonReadWriteUtils::ParseStream(HCJsonInputStream&
     rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>> reader;
     DepthLimitedHandler<Document> limited(target, kMaxNestingDepth);
     result = reader.Parse<rapidjson::kParseDefaultFlags>(in, limited);
+    // The parser stops behind the bracket that went too deep; point at the bracket itself.
+    if (limited.tooDeep()) result.Set(rapidjson::kParseErrorTermination, result.Offset() - 1);
     return !result.IsError();
   };
   doc.Populate(generator);

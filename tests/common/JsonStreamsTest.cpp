@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include <rapidjson/document.h>
+
+#include <sstream>
+
+#include "HCRapidJsonReadWriteUtils.h"
+#include "HCRapidJsonStreams.h"
+
+namespace {
+
+typedef HCRapidJsonReadWriteUtils Json;
+
+std::string parseError(std::string const& text, std::size_t blockSize = 1 << 16) {
+  std::istringstream in(text);
+  HCJsonInputStream stream(in, blockSize);
+  Json::Document doc;
+  rapidjson::ParseResult const result = Json::ParseStream(stream, doc);
+  return Json::GetErrorMsgFromParse(result, stream);
+}
+
+TEST(JsonInputStream, LineAndColumnOfParseErrorsAcrossBlockBoundaries) {
+  std::string const text = "{\n  \"a\": 1,\n  \"b\": [1, 2,\n   3, x]\n}";
+  // The same error at the same place, whether the text sits in one block or is cut into
+  // blocks of four or five bytes, so that the error lies in the current, the previous or an
+  // older block.
+  for (std::size_t block : {1u << 16, 4u, 5u, 7u})
+    EXPECT_EQ(parseError(text, block), "line 4, column 7: Invalid value.") << "block size " << block;
+}
+
+TEST(JsonInputStream, ParseErrorsOfTheFrame) {
+  EXPECT_EQ(parseError(""), "line 1, column 1: The document is empty.");
+  EXPECT_EQ(parseError("{} {}"), "line 1, column 4: The document root must not be followed by other values.");
+  EXPECT_EQ(parseError("{\"a\": 1,\n}"), "line 2, column 1: Missing a name for object member.");
+  EXPECT_EQ(parseError("// note\n{}"), "line 1, column 1: Invalid value.");
+  EXPECT_EQ(parseError("[1, 2,]"), "line 1, column 7: Invalid value.");
+}
+
+TEST(JsonInputStream, DeepNestingIsRefusedAtTheLimit) {
+  std::string const deep(1000000, '[');
+  EXPECT_EQ(parseError(deep), "line 1, column 513: The text nests arrays and objects deeper than 512 levels.");
+  std::string const atLimit = std::string(512, '[') + std::string(512, ']');
+  EXPECT_EQ(parseError(atLimit), "");
+}
+
+TEST(JsonInputStream, ParsesWholeDocumentsOfManyBlocks) {
+  std::string text = "[";
+  for (int i = 0; i < 5000; ++i) text += (i ? ",\n" : "") + std::to_string(i);
+  text += "]";
+  std::istringstream in(text);
+  HCJsonInputStream stream(in, 16);
+  Json::Document doc;
+  ASSERT_FALSE(Json::ParseStream(stream, doc).IsError());
+  ASSERT_EQ(doc.Size(), 5000u);
+  EXPECT_EQ(doc[4999].GetInt(), 4999);
+  EXPECT_EQ(stream.Tell(), text.size());
+}
+
+TEST(JsonOutputStream, PassesTextOnInBlocksAndOnFlush) {
+  std::ostringstream out;
+  {
+    HCJsonOutputStream stream(out, 4);
+    for (char c : std::string("abcdefghij")) stream.Put(c);
+    EXPECT_EQ(out.str(), "abcdefgh");
+    stream.Flush();
+    EXPECT_EQ(out.str(), "abcdefghij");
+    stream.Put('k');
+  }
+  EXPECT_EQ(out.str(), "abcdefghijk");
+}
+
+}  // namespace
