@@ -1,0 +1,50 @@
+#ifndef COMPONENT_H
+#define COMPONENT_H
+
+#include <string>
+#include <vector>
+
+#include "DevHrdIPDefinitions.h"
+
+namespace DevHrdIP {
+
+class Link;
+class NOCModel;
+
+// A physical block of the NoC: a switch, a master or slave unit, a memory controller. A
+// memory controller's ports are components of their own, its port sub-components. Made and
+// owned by its NOCModel.
+class Component {
+ public:
+  Component(Component const&) = delete;
+  Component& operator=(Component const&) = delete;
+
+  std::string const& getName() const { return m_name; }
+  Definitions::COMP_TYPE getCompType() const { return m_compType; }
+  // ROLE_MASTER (0), ROLE_SLAVE (1) or ROLE_NONE.
+  Definitions::CompRole getRole() const { return m_role; }
+  // The component whose port this is; null for a top-level component.
+  Component const* getParent() const { return m_parent; }
+  // The port sub-components, in the order the device lists them.
+  std::vector<Component const*> const& getPorts() const { return m_ports; }
+  bool hasPorts() const { return !m_ports.empty(); }
+  // The links that leave this component, in the order they were added.
+  std::vector<Link const*> const& getOutgoingLinks() const { return m_outgoingLinks; }
+
+ private:
+  friend class NOCModel;
+  Component(std::string const& name, Definitions::COMP_TYPE compType, Definitions::CompRole role,
+            Component const* parent)
+      : m_name(name), m_compType(compType), m_role(role), m_parent(parent) {}
+
+  std::string m_name;
+  Definitions::COMP_TYPE m_compType;
+  Definitions::CompRole m_role;
+  Component const* m_parent;
+  std::vector<Component const*> m_ports;
+  std::vector<Link const*> m_outgoingLinks;
+};
+
+}  // namespace DevHrdIP
+
+#endif
