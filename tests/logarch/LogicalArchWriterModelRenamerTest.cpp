@@ -33,7 +33,8 @@ class RenamerTest : public ::testing::Test {
 
   static std::vector<std::string> portNames(TQLogicalArchLInst const& instance) {
     std::vector<std::string> names;
-    for (TQLogicalPort const* port : instance.getPorts()) names.push_back(port->getName());
+    for (TQLogicalPort const* port : instance.getPorts())
+      names.push_back(port->getName());
     return names;
   }
 
@@ -43,7 +44,8 @@ class RenamerTest : public ::testing::Test {
     std::vector<PortSpec> rows;
     for (int round = 0; round < 2; ++round)
       for (Dir direction : {Dir::KpeToPl, Dir::PlToKpe, Dir::KpeToNoc, Dir::NocToKpe})
-        for (Flow flow : {Flow::Stream, Flow::Mem}) rows.push_back({flow, direction});
+        for (Flow flow : {Flow::Stream, Flow::Mem})
+          rows.push_back({flow, direction});
     rows.push_back({Flow::Event, Dir::KpeToPl});
     rows.push_back({Flow::Stream, Dir::PlToPl});
     addPorts(kpe, rows);
@@ -62,28 +64,33 @@ TEST_F(RenamerTest, KPEPortsNamedAfterBothSidesOfTheirConnection) {
   TQLogicalTQIPInstance& kpe = kpeWithEveryRow();
   kpe.addPort("unconnected")->setType(Flow::Stream);
   model.renameLogicalArchPortNames(false);
-  EXPECT_EQ(portNames(kpe), (std::vector<std::string>{
-                                "TQ_PL_AXIS_0", "TQ_PL_AXI_0", "PL_TQ_AXIS_0", "PL_TQ_AXI_0",
-                                "TQ_NOC_AXIS_0", "TQ_NOC_AXI_0", "NOC_TQ_AXIS_0", "NOC_TQ_AXI_0",
-                                "TQ_PL_AXIS_1", "TQ_PL_AXI_1", "PL_TQ_AXIS_1", "PL_TQ_AXI_1",
-                                "TQ_NOC_AXIS_1", "TQ_NOC_AXI_1", "NOC_TQ_AXIS_1", "NOC_TQ_AXI_1",
-                                "q16", "q17", "unconnected"}));
+  EXPECT_EQ(portNames(kpe),
+            (std::vector<std::string>{"TQ_PL_AXIS_0", "TQ_PL_AXI_0", "PL_TQ_AXIS_0", "PL_TQ_AXI_0", "TQ_NOC_AXIS_0",
+                                      "TQ_NOC_AXI_0", "NOC_TQ_AXIS_0", "NOC_TQ_AXI_0", "TQ_PL_AXIS_1", "TQ_PL_AXI_1",
+                                      "PL_TQ_AXIS_1", "PL_TQ_AXI_1", "TQ_NOC_AXIS_1", "TQ_NOC_AXI_1", "NOC_TQ_AXIS_1",
+                                      "NOC_TQ_AXI_1", "q16", "q17", "unconnected"}));
 }
 
 TEST_F(RenamerTest, KPEHardwareNamesShareOneSeriesAcrossPLAndNoC) {
   TQLogicalTQIPInstance& kpe = kpeWithEveryRow();
   model.renameLogicalArchPortNames(true);
-  EXPECT_EQ(portNames(kpe), (std::vector<std::string>{
-                                "M00_AXIS", "M00_AXI", "S00_AXIS", "S00_AXI", "M01_AXIS", "M01_AXI", "S01_AXIS",
-                                "S01_AXI", "M02_AXIS", "M02_AXI", "S02_AXIS", "S02_AXI", "M03_AXIS", "M03_AXI",
-                                "S03_AXIS", "S03_AXI", "q16", "q17"}));
+  EXPECT_EQ(portNames(kpe),
+            (std::vector<std::string>{"M00_AXIS", "M00_AXI", "S00_AXIS", "S00_AXI", "M01_AXIS", "M01_AXI", "S01_AXIS",
+                                      "S01_AXI", "M02_AXIS", "M02_AXI", "S02_AXIS", "S02_AXI", "M03_AXIS", "M03_AXI",
+                                      "S03_AXIS", "S03_AXI", "q16", "q17"}));
 }
 
 TEST_F(RenamerTest, NoCAndPLPortsAndCountersRestartOnEachInstance) {
   TQLogicalNOCIPInstance& noc = *model.addNOCIPInstance("noc");
-  addPorts(noc, {{Flow::Stream, Dir::KpeToNoc}, {Flow::Mem, Dir::KpeToNoc}, {Flow::Stream, Dir::PlToNoc},
-                 {Flow::Mem, Dir::PlToNoc}, {Flow::Stream, Dir::NocToKpe}, {Flow::Mem, Dir::NocToKpe},
-                 {Flow::Stream, Dir::NocToPl}, {Flow::Mem, Dir::NocToPl}, {Flow::Stream, Dir::NocToNoc},
+  addPorts(noc, {{Flow::Stream, Dir::KpeToNoc},
+                 {Flow::Mem, Dir::KpeToNoc},
+                 {Flow::Stream, Dir::PlToNoc},
+                 {Flow::Mem, Dir::PlToNoc},
+                 {Flow::Stream, Dir::NocToKpe},
+                 {Flow::Mem, Dir::NocToKpe},
+                 {Flow::Stream, Dir::NocToPl},
+                 {Flow::Mem, Dir::NocToPl},
+                 {Flow::Stream, Dir::NocToNoc},
                  {Flow::Unknown, Dir::NocToPl}});
   noc.addPort("unconnected")->setType(Flow::Mem);
   TQLogicalNOCIPInstance& noc2 = *model.addNOCIPInstance("noc2");

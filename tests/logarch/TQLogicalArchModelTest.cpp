@@ -47,7 +47,8 @@ class SuffixRenamer : public TQLogicalArchModelRenameInterface {
 
 std::vector<std::string> namesOf(std::vector<TQLogicalPort*> const& ports) {
   std::vector<std::string> names;
-  for (TQLogicalPort const* port : ports) names.push_back(port->getName() + "@" + port->getParentInstance()->getName());
+  for (TQLogicalPort const* port : ports)
+    names.push_back(port->getName() + "@" + port->getParentInstance()->getName());
   return names;
 }
 

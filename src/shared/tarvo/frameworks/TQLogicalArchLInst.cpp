@@ -15,7 +15,8 @@ TQLogicalArchLInst::TQLogicalArchLInst(TQLogicalArchLInst const& other)
     : _Named(other), m_hwAnnotation(other.m_hwAnnotation), m_type(other.m_type) {}
 
 TQLogicalArchLInst::~TQLogicalArchLInst() {
-  for (TQLogicalPort* port : m_ports) delete port;
+  for (TQLogicalPort* port : m_ports)
+    delete port;
 }
 
 TQLogicalArchLInst* TQLogicalArchLInst::clone() const {
@@ -25,10 +26,13 @@ TQLogicalArchLInst* TQLogicalArchLInst::clone() const {
 }
 
 void TQLogicalArchLInst::clonePortsInto(TQLogicalArchLInst& target) const {
-  for (TQLogicalPort const* port : m_ports) target.addPort(new TQLogicalPort(*port));
+  for (TQLogicalPort const* port : m_ports)
+    target.addPort(new TQLogicalPort(*port));
 }
 
-TQLogicalPort* TQLogicalArchLInst::addPort(std::string const& name) { return addPort(new TQLogicalPort(name)); }
+TQLogicalPort* TQLogicalArchLInst::addPort(std::string const& name) {
+  return addPort(new TQLogicalPort(name));
+}
 
 TQLogicalPort* TQLogicalArchLInst::addPort(TQLogicalPort* port) {
   m_ports.push_back(port);
@@ -68,7 +72,8 @@ TQLogicalPort* TQLogicalArchLInst::getEquivalentPortBySWOrHWAnnotation(TQLogical
 
 void TQLogicalArchLInst::rename(TQLogicalArchModelRenameInterface& renamer) {
   renamer.renameInstance(*this);
-  for (TQLogicalPort* port : m_ports) port->rename(renamer);
+  for (TQLogicalPort* port : m_ports)
+    port->rename(renamer);
 }
 
 void TQLogicalArchLInst::accept(TQLogicalArchModelVisitorInterface const& visitor) const {
@@ -77,7 +82,8 @@ void TQLogicalArchLInst::accept(TQLogicalArchModelVisitorInterface const& visito
 
 void TQLogicalArchLInst::rebuildPortMap() {
   m_portMap.clear();
-  for (TQLogicalPort* port : m_ports) m_portMap[port->getName()] = port;
+  for (TQLogicalPort* port : m_ports)
+    m_portMap[port->getName()] = port;
 }
 
 TQLogicalTQIPInstance* TQLogicalTQIPInstance::clone() const {

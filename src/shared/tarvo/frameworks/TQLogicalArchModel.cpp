@@ -18,7 +18,9 @@ bool isOfType(TQLogicalArchLInst const* instance, TQLogicalInstanceType type) {
 
 }  // namespace
 
-TQLogicalArchModel::~TQLogicalArchModel() { clear(); }
+TQLogicalArchModel::~TQLogicalArchModel() {
+  clear();
+}
 
 template <typename Instance>
 Instance* TQLogicalArchModel::addInstance(std::string const& name, TQLogicalInstanceType type) {
@@ -62,8 +64,10 @@ TQLogicalConnection* TQLogicalArchModel::addLogicalConnection(std::string const&
 }
 
 void TQLogicalArchModel::clear() {
-  for (TQLogicalArchLInst* instance : m_instances) delete instance;
-  for (TQLogicalConnection* connection : m_connections) delete connection;
+  for (TQLogicalArchLInst* instance : m_instances)
+    delete instance;
+  for (TQLogicalConnection* connection : m_connections)
+    delete connection;
   m_instances.clear();
   m_connections.clear();
   m_instanceMap.clear();
@@ -201,24 +205,32 @@ bool TQLogicalArchModel::copy(TQLogicalArchModel const& other) {
 }
 
 void TQLogicalArchModel::accept(TQLogicalArchModelVisitorInterface const& visitor) const {
-  for (TQLogicalArchLInst const* instance : m_instances) instance->accept(visitor);
-  for (TQLogicalConnection const* connection : m_connections) connection->accept(visitor);
+  for (TQLogicalArchLInst const* instance : m_instances)
+    instance->accept(visitor);
+  for (TQLogicalConnection const* connection : m_connections)
+    connection->accept(visitor);
   visitor.visitModel(*this);
 }
 
 void TQLogicalArchModel::rename(TQLogicalArchModelRenameInterface& renamer) {
-  for (TQLogicalArchLInst* instance : m_instances) instance->clearPortMap();
+  for (TQLogicalArchLInst* instance : m_instances)
+    instance->clearPortMap();
   m_instanceMap.clear();
   m_connectionMap.clear();
-  for (TQLogicalArchLInst* instance : m_instances) instance->rename(renamer);
-  for (TQLogicalConnection* connection : m_connections) connection->rename(renamer);
+  for (TQLogicalArchLInst* instance : m_instances)
+    instance->rename(renamer);
+  for (TQLogicalConnection* connection : m_connections)
+    connection->rename(renamer);
   rebuildMaps();
 }
 
 void TQLogicalArchModel::rebuildMaps() {
-  for (TQLogicalArchLInst* instance : m_instances) instance->rebuildPortMap();
-  for (TQLogicalArchLInst* instance : m_instances) m_instanceMap[instance->getName()] = instance;
-  for (TQLogicalConnection* connection : m_connections) m_connectionMap[connection->getName()] = connection;
+  for (TQLogicalArchLInst* instance : m_instances)
+    instance->rebuildPortMap();
+  for (TQLogicalArchLInst* instance : m_instances)
+    m_instanceMap[instance->getName()] = instance;
+  for (TQLogicalConnection* connection : m_connections)
+    m_connectionMap[connection->getName()] = connection;
 }
 
 void TQLogicalArchModel::renameLogicalArchPortNames(bool hardwareNames) {

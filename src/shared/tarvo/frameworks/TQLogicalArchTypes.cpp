@@ -31,8 +31,8 @@ struct EnumTexts<TQLogicalConnectionAddrTypeEnum> {
 };
 template <>
 struct EnumTexts<TQLogicalConnectionDirectionEnum> {
-  static constexpr char const* texts[] = {"kpe_to_pl",  "pl_to_kpe",  "kpe_to_noc", "noc_to_kpe",
-                                          "noc_to_pl",  "pl_to_noc",  "noc_to_noc", "pl_to_pl"};
+  static constexpr char const* texts[] = {"kpe_to_pl", "pl_to_kpe", "kpe_to_noc", "noc_to_kpe",
+                                          "noc_to_pl", "pl_to_noc", "noc_to_noc", "pl_to_pl"};
 };
 template <>
 struct EnumTexts<TQLogicalPortDirectionTypeEnum> {
@@ -56,13 +56,27 @@ char const* textOf(Enum value) {
 
 }  // namespace
 
-char const* toText(TQLogicalInstanceType value) { return textOf(value); }
-char const* toText(TQLogicalConnectionDataFlowTypeEnum value) { return textOf(value); }
-char const* toText(TQLogicalConnectionMemModeEnum value) { return textOf(value); }
-char const* toText(TQLogicalConnectionAddrTypeEnum value) { return textOf(value); }
-char const* toText(TQLogicalConnectionDirectionEnum value) { return textOf(value); }
-char const* toText(TQLogicalPortDirectionTypeEnum value) { return textOf(value); }
-char const* toText(TQLogicalIPTypeEnum value) { return textOf(value); }
+char const* toText(TQLogicalInstanceType value) {
+  return textOf(value);
+}
+char const* toText(TQLogicalConnectionDataFlowTypeEnum value) {
+  return textOf(value);
+}
+char const* toText(TQLogicalConnectionMemModeEnum value) {
+  return textOf(value);
+}
+char const* toText(TQLogicalConnectionAddrTypeEnum value) {
+  return textOf(value);
+}
+char const* toText(TQLogicalConnectionDirectionEnum value) {
+  return textOf(value);
+}
+char const* toText(TQLogicalPortDirectionTypeEnum value) {
+  return textOf(value);
+}
+char const* toText(TQLogicalIPTypeEnum value) {
+  return textOf(value);
+}
 
 template <typename Enum>
 Enum fromText(std::string const& text) {

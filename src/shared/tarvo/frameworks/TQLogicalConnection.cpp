@@ -16,7 +16,9 @@ TQLogicalConnection::TQLogicalConnection(TQLogicalConnection const& other)
       m_addrType(other.m_addrType),
       m_direction(other.m_direction) {}
 
-TQLogicalConnection* TQLogicalConnection::clone() const { return new TQLogicalConnection(*this); }
+TQLogicalConnection* TQLogicalConnection::clone() const {
+  return new TQLogicalConnection(*this);
+}
 
 void TQLogicalConnection::setSrcPort(TQLogicalPort* port) {
   m_srcPort = port;
@@ -35,11 +37,14 @@ std::uint64_t TQLogicalConnection::getDstPorts(std::vector<TQLogicalPort*>& out)
 
 void TQLogicalConnection::accept(TQLogicalArchModelVisitorInterface const& visitor) const {
   if (m_srcPort) m_srcPort->accept(visitor);
-  for (TQLogicalPort const* port : m_dstPorts) port->accept(visitor);
+  for (TQLogicalPort const* port : m_dstPorts)
+    port->accept(visitor);
   visitor.visitConnection(*this);
 }
 
-void TQLogicalConnection::rename(TQLogicalArchModelRenameInterface& renamer) { renamer.renameConnection(*this); }
+void TQLogicalConnection::rename(TQLogicalArchModelRenameInterface& renamer) {
+  renamer.renameConnection(*this);
+}
 
 }  // namespace Frameworks
 }  // namespace Tarvo

@@ -10,7 +10,9 @@ namespace Frameworks {
 
 namespace {
 
-std::string firstOf(std::vector<std::string> const& texts) { return texts.empty() ? std::string() : texts.front(); }
+std::string firstOf(std::vector<std::string> const& texts) {
+  return texts.empty() ? std::string() : texts.front();
+}
 
 std::string joinNonEmpty(std::vector<std::string> const& texts) {
   std::string joined;
@@ -44,13 +46,21 @@ TQLogicalPort::TQLogicalPort(TQLogicalPort const& other)
       m_registerInterface(other.m_registerInterface),
       m_traced(other.m_traced) {}
 
-TQLogicalPort* TQLogicalPort::clone() const { return new TQLogicalPort(*this); }
+TQLogicalPort* TQLogicalPort::clone() const {
+  return new TQLogicalPort(*this);
+}
 
-std::string TQLogicalPort::getAnnotationFirst() const { return firstOf(m_annotations); }
+std::string TQLogicalPort::getAnnotationFirst() const {
+  return firstOf(m_annotations);
+}
 
-std::string TQLogicalPort::getHWAnnotationORAnnotationFirst() const { return firstOf(m_annotations); }
+std::string TQLogicalPort::getHWAnnotationORAnnotationFirst() const {
+  return firstOf(m_annotations);
+}
 
-std::string TQLogicalPort::getAnnotationsAsString() const { return joinNonEmpty(m_annotations); }
+std::string TQLogicalPort::getAnnotationsAsString() const {
+  return joinNonEmpty(m_annotations);
+}
 
 bool TQLogicalPort::matchSWAnnotation(std::string const& text) const {
   return !text.empty() && std::find(m_annotations.begin(), m_annotations.end(), text) != m_annotations.end();
@@ -60,13 +70,21 @@ bool TQLogicalPort::matchSWAnnotation(std::vector<std::string> const& texts) con
   return std::any_of(texts.begin(), texts.end(), [this](std::string const& text) { return matchSWAnnotation(text); });
 }
 
-std::string TQLogicalPort::getSDFIONameFirst() const { return firstOf(m_sdfIONames); }
+std::string TQLogicalPort::getSDFIONameFirst() const {
+  return firstOf(m_sdfIONames);
+}
 
-std::string TQLogicalPort::getSDFIONamesAsString() const { return joinNonEmpty(m_sdfIONames); }
+std::string TQLogicalPort::getSDFIONamesAsString() const {
+  return joinNonEmpty(m_sdfIONames);
+}
 
-void TQLogicalPort::accept(TQLogicalArchModelVisitorInterface const& visitor) const { visitor.visitPort(*this); }
+void TQLogicalPort::accept(TQLogicalArchModelVisitorInterface const& visitor) const {
+  visitor.visitPort(*this);
+}
 
-void TQLogicalPort::rename(TQLogicalArchModelRenameInterface& renamer) { renamer.renamePort(*this); }
+void TQLogicalPort::rename(TQLogicalArchModelRenameInterface& renamer) {
+  renamer.renamePort(*this);
+}
 
 }  // namespace Frameworks
 }  // namespace Tarvo

@@ -12,11 +12,12 @@ namespace {
 
 // The name form of each counter: 0 for PL ports, 1 to 4 for NoC ports, 5 to 8 for KPE ports
 // with hardware names, 9 to 16 for KPE ports named after both sides of the connection.
-char const* const kNameForms[] = {
-    "port%d",         "S%02d_AXI",      "S%02d_AXIS",    "M%02d_AXI",      "M%02d_AXIS",     "S%02d_AXI",
-    "S%02d_AXIS",     "M%02d_AXI",      "M%02d_AXIS",    "NOC_TQ_AXI_%d",  "NOC_TQ_AXIS_%d", "TQ_NOC_AXI_%d",
-    "TQ_NOC_AXIS_%d", "PL_TQ_AXI_%d",   "PL_TQ_AXIS_%d", "TQ_PL_AXI_%d",   "TQ_PL_AXIS_%d"};
-static_assert(sizeof(kNameForms) / sizeof(kNameForms[0]) == std::tuple_size<LogicalArchWriterModelRenamer::portCounters>::value,
+char const* const kNameForms[] = {"port%d",         "S%02d_AXI",     "S%02d_AXIS",     "M%02d_AXI",    "M%02d_AXIS",
+                                  "S%02d_AXI",      "S%02d_AXIS",    "M%02d_AXI",      "M%02d_AXIS",   "NOC_TQ_AXI_%d",
+                                  "NOC_TQ_AXIS_%d", "TQ_NOC_AXI_%d", "TQ_NOC_AXIS_%d", "PL_TQ_AXI_%d", "PL_TQ_AXIS_%d",
+                                  "TQ_PL_AXI_%d",   "TQ_PL_AXIS_%d"};
+static_assert(sizeof(kNameForms) / sizeof(kNameForms[0]) ==
+                  std::tuple_size<LogicalArchWriterModelRenamer::portCounters>::value,
               "one name form per counter");
 
 int const kKeepName = -1;
@@ -40,7 +41,9 @@ bool isStreamOrMem(TQLogicalPort const& port) {
          port.getType() == TQLogicalConnectionDataFlowTypeEnum::Mem;
 }
 
-bool isStream(TQLogicalPort const& port) { return port.getType() == TQLogicalConnectionDataFlowTypeEnum::Stream; }
+bool isStream(TQLogicalPort const& port) {
+  return port.getType() == TQLogicalConnectionDataFlowTypeEnum::Stream;
+}
 
 std::string formatName(int counter, std::uint32_t value) {
   char buffer[48];
@@ -50,9 +53,13 @@ std::string formatName(int counter, std::uint32_t value) {
 
 }  // namespace
 
-std::string LogicalArchWriterModelRenamer::renameModel(TQLogicalArchModel&) { return std::string(); }
+std::string LogicalArchWriterModelRenamer::renameModel(TQLogicalArchModel&) {
+  return std::string();
+}
 
-std::string LogicalArchWriterModelRenamer::renameInstance(TQLogicalArchLInst& instance) { return instance.getName(); }
+std::string LogicalArchWriterModelRenamer::renameInstance(TQLogicalArchLInst& instance) {
+  return instance.getName();
+}
 
 std::string LogicalArchWriterModelRenamer::renameConnection(TQLogicalConnection& connection) {
   return connection.getName();
