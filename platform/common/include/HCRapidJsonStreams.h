@@ -88,6 +88,14 @@ class HCJsonOutputStream {
   }
   void Flush();
 
+  // Room for `count` more characters, so that they can be put without a check each.
+  void Reserve(std::size_t count) {
+    if (m_used + count <= m_buffer.size()) return;
+    drain();
+    if (count > m_buffer.size()) m_buffer.resize(count);
+  }
+  void PutUnchecked(Ch c) { m_buffer[m_used++] = c; }
+
   Ch Peek() const { assert(false); return '\0'; }
   Ch Take() { assert(false); return '\0'; }
   std::size_t Tell() const { assert(false); return 0; }
@@ -101,5 +109,10 @@ class HCJsonOutputStream {
   std::vector<Ch> m_buffer;
   std::size_t m_used = 0;
 };
+
+// RapidJSON's writers reserve room before a string and then put without checks, through
+// these; found by argument-dependent lookup.
+inline void PutReserve(HCJsonOutputStream& stream, std::size_t count) { stream.Reserve(count); }
+inline void PutUnsafe(HCJsonOutputStream& stream, char c) { stream.PutUnchecked(c); }
 
 #endif

@@ -171,7 +171,9 @@ void KPEPrjMetaDataModel::readFromJSONStream(std::string const& fileName, std::i
   if (items == doc.MemberEnd() || !items->value.IsArray()) return;
   for (Value const& item : items->value.GetArray()) {
     boost::any value;
-    if (readValue(item, value)) m_properties[Json::GetStringProperty(item, kName)] = std::move(value);
+    // Documents list names in ascending order, so the end is almost always the right place.
+    if (readValue(item, value))
+      m_properties.insert_or_assign(m_properties.end(), Json::GetStringProperty(item, kName), std::move(value));
   }
 }
 
