@@ -22,7 +22,8 @@ double floorReadSeconds(std::string const& text, std::string const& schemaPath, 
 double floorWriteSeconds(rapidjson::Value const& doc, std::string const& schemaPath, int runs = 3);
 
 // Runs the benchmark loop over `body`, then sets the counters "MB/s" (of `bytes` per
-// iteration), "ratio" (our time over the floor's) and "MB" (the text size).
+// iteration), "ratio" (our time over the floor's) and "MB" (the text size). Times are CPU
+// times of the calling thread, floors included.
 void measure(benchmark::State& state, std::size_t bytes, double floorSeconds, std::function<void()> const& body);
 
 // Peak resident memory that `work` adds, in bytes, measured in a child process.
@@ -32,6 +33,19 @@ void reportPeakMemory(benchmark::State& state, std::size_t textBytes, std::funct
 
 // The compact form of a text, for memory ratios.
 std::size_t compactSize(std::string const& text);
+
+// A file in the temporary directory holding `text`, removed when the object goes.
+class TextFile {
+ public:
+  TextFile(std::string const& name, std::string const& text);
+  ~TextFile();
+  TextFile(TextFile const&) = delete;
+  TextFile& operator=(TextFile const&) = delete;
+  std::string const& path() const { return m_path; }
+
+ private:
+  std::string m_path;
+};
 
 }  // namespace tarvo_bench
 

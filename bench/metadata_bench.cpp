@@ -45,7 +45,11 @@ void BM_MetadataRead(benchmark::State& state) {
     benchmark::DoNotOptimize(model.isEmpty());
   };
   tarvo_bench::measure(state, text.size(), tarvo_bench::floorReadSeconds(text, ""), read);
-  tarvo_bench::reportPeakMemory(state, tarvo_bench::compactSize(text), read);
+  tarvo_bench::TextFile const file("metadata.json", text);
+  tarvo_bench::reportPeakMemory(state, tarvo_bench::compactSize(text), [&] {
+    KPEPrjMetaDataModel model;
+    model.readFromJSONFile(file.path());
+  });
 }
 
 void BM_MetadataWrite(benchmark::State& state) {

@@ -2,7 +2,10 @@
 
 #include <istream>
 
+#include <rapidjson/prettywriter.h>
+
 #include "HCRapidJsonReadWriteUtils.h"
+#include "HCRapidJsonStreams.h"
 #include "JsonDocumentFrame.h"
 
 namespace Tarvo {
@@ -20,21 +23,31 @@ char const* const kMetaData = "MetaData";
 char const* const kName = "name";
 char const* const kValue = "value";
 
-// The "value" member of one property in the writer's type order: Boolean, Integer, Unsigned
+typedef rapidjson::PrettyWriter<HCJsonOutputStream> Writer;
+
+void writeString(Writer& writer, std::string const& text) {
+  writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+}
+
+// The "value" member of one property, tested in the type order Boolean, Integer, Unsigned
 // long, String, Double, String array.
-void addValue(Value& item, boost::any const& value, Json::Allocator& alloc) {
-  if (bool const* b = boost::any_cast<bool>(&value))
-    Json::AddBooleanProperty(item, kValue, *b, alloc);
-  else if (int const* i = boost::any_cast<int>(&value))
-    Json::AddIntegrProperty(item, kValue, *i, alloc);
-  else if (unsigned long long const* u = boost::any_cast<unsigned long long>(&value))
-    Json::AddULongProperty(item, kValue, *u, alloc);
-  else if (std::string const* s = boost::any_cast<std::string>(&value))
-    Json::AddStringProperty(item, kValue, *s, alloc);
-  else if (double const* d = boost::any_cast<double>(&value))
-    Json::AddDoubleProperty(item, kValue, *d, alloc);
-  else if (auto const* list = boost::any_cast<std::vector<std::string>>(&value))
-    Json::AddStringArrayProperty(item, kValue, *list, alloc);
+void writeValue(Writer& writer, boost::any const& value) {
+  writer.Key(kValue);
+  if (bool const* b = boost::any_cast<bool>(&value)) {
+    writer.Bool(*b);
+  } else if (int const* i = boost::any_cast<int>(&value)) {
+    writer.Int(*i);
+  } else if (unsigned long long const* u = boost::any_cast<unsigned long long>(&value)) {
+    writer.Uint64(*u);
+  } else if (std::string const* s = boost::any_cast<std::string>(&value)) {
+    writeString(writer, *s);
+  } else if (double const* d = boost::any_cast<double>(&value)) {
+    writer.Double(*d);
+  } else if (auto const* list = boost::any_cast<std::vector<std::string>>(&value)) {
+    writer.StartArray();
+    for (std::string const& item : *list) writeString(writer, item);
+    writer.EndArray();
+  }
 }
 
 // The JSON kind of "value" decides the type, tested in this order; no match drops the item.
@@ -139,20 +152,24 @@ void KPEPrjMetaDataModel::setKPEPLIntfIDString(std::string const& id) {
 
 std::string KPEPrjMetaDataModel::getKPEPLIntfIDString() { return getStringProperty(KPE_PL_INTF_ID_STR); }
 
+// Written straight from the store: the text is what a document built from it would give,
+// without building one.
 void KPEPrjMetaDataModel::writeToJSONStream(std::ostream& out) const {
-  JsonDocumentFrame::Document doc(nullptr, JsonDocumentFrame::kPoolChunkSize);
-  Json::Allocator& alloc = doc.GetAllocator();
-  doc.SetObject();
-  Value items(rapidjson::kArrayType);
+  HCJsonOutputStream stream(out);
+  Writer writer(stream);
+  writer.SetIndent(' ', 2);
+  writer.StartObject();
+  writer.Key(kMetaData);
+  writer.StartArray();
   for (auto const& property : m_properties) {
-    Value item(rapidjson::kObjectType);
-    Json::AddStringProperty(item, kName, property.first, alloc);
-    addValue(item, property.second, alloc);
-    items.PushBack(item, alloc);
+    writer.StartObject();
+    writer.Key(kName);
+    writeString(writer, property.first);
+    writeValue(writer, property.second);
+    writer.EndObject();
   }
-  // Moved rather than copied in: a large store would otherwise be built twice.
-  doc.AddMember(rapidjson::StringRef(kMetaData), items, alloc);
-  JsonDocumentFrame::writePretty(out, doc);
+  writer.EndArray();
+  writer.EndObject();
 }
 
 void KPEPrjMetaDataModel::writeToJSONFile(std::string const& fileName) const {
