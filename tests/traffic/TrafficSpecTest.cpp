@@ -9,7 +9,8 @@ namespace {
 
 std::vector<int> netTypes(std::vector<TrafficNet const*> const& nets) {
   std::vector<int> types;
-  for (TrafficNet const* net : nets) types.push_back(net->getType());
+  for (TrafficNet const* net : nets)
+    types.push_back(net->getType());
   return types;
 }
 

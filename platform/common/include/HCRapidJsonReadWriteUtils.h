@@ -24,6 +24,7 @@ class HCRapidJsonReadWriteUtils {
 
   static std::string GetStringProperty(Value const& object, std::string const& key);
   static bool GetBooleanProperty(Value const& object, std::string const& key);
+  // A number with a fraction reads as its integer part when that fits 32 bits.
   static int GetIntegrProperty(Value const& object, std::string const& key);
   static unsigned long long GetULongProperty(Value const& object, std::string const& key);
   // Any number reads as a double.

@@ -99,8 +99,7 @@ class TrafficPath {
   // The values of a named phase, or the defaults for a phase the path does not name.
   PhaseValues const& readPhase(std::string const& phase) const;
   PhaseValues const& writePhase(std::string const& phase) const;
-  PhaseValues& namedPhase(std::map<std::string, PhaseValues>& phases, PhaseValues& defaults,
-                          std::string const& phase);
+  PhaseValues& namedPhase(std::map<std::string, PhaseValues>& phases, PhaseValues& defaults, std::string const& phase);
 
   std::size_t m_index;
   TrafficSpec& m_spec;

@@ -18,7 +18,9 @@ CompRole getCompRole(COMP_TYPE type) {
   return kRoles[row];
 }
 
-bool isKpeArrayType(COMP_TYPE type) { return type >= KPE_NOC_IGU && type <= KPE_CASCADE; }
+bool isKpeArrayType(COMP_TYPE type) {
+  return type >= KPE_NOC_IGU && type <= KPE_CASCADE;
+}
 
 }  // namespace Definitions
 }  // namespace DevHrdIP

@@ -18,9 +18,13 @@ TrafficLInst::TrafficLInst(std::size_t id, std::string const& name, AxiProt prot
                            ExternalConns const& externalConns)
     : m_id(id), m_name(name), m_protocol(protocol), m_compType(compType), m_externalConns(externalConns) {}
 
-bool TrafficLInst::isMaster() const { return getCompRole(m_compType) == ROLE_MASTER; }
+bool TrafficLInst::isMaster() const {
+  return getCompRole(m_compType) == ROLE_MASTER;
+}
 
-bool TrafficLInst::isSlave() const { return getCompRole(m_compType) == ROLE_SLAVE; }
+bool TrafficLInst::isSlave() const {
+  return getCompRole(m_compType) == ROLE_SLAVE;
+}
 
 bool TrafficLInst::isErrorSlave() const {
   return isSlave() &&

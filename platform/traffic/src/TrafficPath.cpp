@@ -7,8 +7,8 @@ namespace HrdIPToolCntr {
 
 using namespace DevHrdIP::Definitions;
 
-TrafficPath::TrafficPath(std::size_t index, TrafficSpec& spec, TrafficLInst const* master,
-                         TrafficLInst const* slave, std::size_t firstNetId)
+TrafficPath::TrafficPath(std::size_t index, TrafficSpec& spec, TrafficLInst const* master, TrafficLInst const* slave,
+                         std::size_t firstNetId)
     : m_index(index), m_spec(spec), m_master(master), m_slave(slave) {
   if (master->getProtocol() == AXI_MM) {
     for (TrafficNet::NetType type :
@@ -62,8 +62,8 @@ TrafficPath::PhaseValues const& TrafficPath::writePhase(std::string const& phase
   return found == m_writePhases.end() ? m_defaultWrite : found->second;
 }
 
-TrafficPath::PhaseValues& TrafficPath::namedPhase(std::map<std::string, PhaseValues>& phases,
-                                                  PhaseValues& defaults, std::string const& phase) {
+TrafficPath::PhaseValues& TrafficPath::namedPhase(std::map<std::string, PhaseValues>& phases, PhaseValues& defaults,
+                                                  std::string const& phase) {
   if (phase == TrafficSpec::getDefaultPhaseName()) return defaults;
   // A phase starts at the defaults, so that values it does not give stay the path's own.
   return phases.emplace(phase, defaults).first->second;

@@ -47,7 +47,9 @@ TrafficLInst* TrafficSpec::addLogicalInstance(std::string const& name, AxiProt p
   return instance;
 }
 
-TrafficLInst const* TrafficSpec::getTQLogicalInst(std::string const& name) const { return find(m_kpeInstances, name); }
+TrafficLInst const* TrafficSpec::getTQLogicalInst(std::string const& name) const {
+  return find(m_kpeInstances, name);
+}
 
 TrafficLInst const* TrafficSpec::getLogicalMasterUsingExternalConns(std::string const& name) const {
   return find(m_mastersByExternalConn, name);
@@ -57,7 +59,9 @@ TrafficLInst const* TrafficSpec::getLogicalSlaveUsingExternalConns(std::string c
   return find(m_slavesByExternalConn, name);
 }
 
-void TrafficSpec::addPortTypeForMC(TrafficLInst* instance, PORT_TYPE port) { instance->addPortType(port); }
+void TrafficSpec::addPortTypeForMC(TrafficLInst* instance, PORT_TYPE port) {
+  instance->addPortType(port);
+}
 
 TrafficPath* TrafficSpec::addPath(TrafficLInst* master, TrafficLInst* slave) {
   m_paths.emplace_back(new TrafficPath(m_paths.size(), *this, master, slave, m_netCount));
@@ -73,14 +77,16 @@ std::vector<TrafficNet const*> TrafficSpec::getNets(TrafficLInst const* master, 
   auto const found = m_pathsByEnds.find({master, slave});
   if (found == m_pathsByEnds.end()) return nets;
   for (TrafficPath const* path : found->second) {
-    for (int i = 0; i < path->getNumNets(); ++i) nets.push_back(path->getNet(i));
+    for (int i = 0; i < path->getNumNets(); ++i)
+      nets.push_back(path->getNet(i));
   }
   return nets;
 }
 
 std::set<std::string> TrafficSpec::getAllPhaseGroups() const {
   std::set<std::string> groups;
-  for (auto const& group : m_phaseGroups) groups.insert(groups.end(), group.first);
+  for (auto const& group : m_phaseGroups)
+    groups.insert(groups.end(), group.first);
   return groups;
 }
 
@@ -129,7 +135,8 @@ void TrafficSpec::addPhaseToGroup(std::string const& group, std::string const& p
 
 void TrafficSpec::indexExternalConns(TrafficLInst* instance, NameIndex& index) {
   for (auto const& group : instance->getExternalConnsForAllPorts()) {
-    for (std::string const& name : group) index.emplace(name, instance);
+    for (std::string const& name : group)
+      index.emplace(name, instance);
   }
 }
 
@@ -142,8 +149,7 @@ TrafficLInst* TrafficSpec::addErrorSlave(std::string const& name) {
   return addLogicalInstance(name, AXI_MM, ERR_EGU, TrafficLInst::ExternalConns());
 }
 
-std::size_t TrafficSpec::PairHash::operator()(
-    std::pair<TrafficLInst const*, TrafficLInst const*> const& ends) const {
+std::size_t TrafficSpec::PairHash::operator()(std::pair<TrafficLInst const*, TrafficLInst const*> const& ends) const {
   std::size_t const first = std::hash<TrafficLInst const*>()(ends.first);
   return first ^ (std::hash<TrafficLInst const*>()(ends.second) + 0x9e3779b97f4a7c15ULL + (first << 6) + (first >> 2));
 }
