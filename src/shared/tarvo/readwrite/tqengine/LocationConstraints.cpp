@@ -1,0 +1,554 @@
+#include "LocationConstraints.h"
+
+#include <boost/algorithm/string/predicate.hpp>
+#include <sstream>
+
+#include "ComMsgMgr.h"
+#include "ConstrHandler.h"
+#include "ConstrWriteSupport.h"
+
+namespace kpe {
+namespace constraints {
+
+using namespace writesupport;
+
+namespace {
+
+void shiftSpecColumn(PhysicalSpec& spec, int n) {
+  if (spec.hasColumn() && !spec.hasName()) {
+    spec.setColumn(spec.getColumn() + n);
+  }
+}
+
+// Adds `object` under `key` with its source member behind it, unless it is empty.
+void addKindMember(BaseConstraint const& constraint, JsonDocument& document, JsonValue& value, char const* key,
+                   JsonValue& object) {
+  if (object.ObjectEmpty()) {
+    return;
+  }
+  addMember(value, key, object, document);
+  constraint.writeSrcInfo(document, value, key);
+}
+
+void addIntIfSet(JsonValue& object, char const* key, bool isSet, int number, JsonDocument& document) {
+  if (isSet) {
+    addInt(object, key, number, document);
+  }
+}
+
+// Each usable address as its label and its text, with no separator.
+std::string addressesText(std::initializer_list<std::pair<char const*, Address const*>> addresses) {
+  std::string text;
+  for (auto const& labelled : addresses) {
+    if (labelled.second->isUsable()) {
+      text += labelled.first + labelled.second->str();
+    }
+  }
+  return text;
+}
+
+// The addresses that have a set cell, in order; the positions close up.
+void addAddressArray(BaseConstraint const& constraint, JsonDocument& document, JsonValue& value, char const* key,
+                     std::initializer_list<Address const*> addresses) {
+  JsonValue array(rapidjson::kArrayType);
+  for (Address const* address : addresses) {
+    JsonValue object = makeAddressObject(*address, document);
+    if (!object.ObjectEmpty()) {
+      array.PushBack(object, document.GetAllocator());
+    }
+  }
+  if (array.Empty()) {
+    return;
+  }
+  addMember(value, key, array, document);
+  constraint.writeSrcInfo(document, value, key);
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------------------------------
+// TileConstr
+
+TileConstr::TileConstr(std::string const& objName) : BaseConstraint(TILE, NODE, objName), m_spec(PhysicalSpec::TILE) {}
+
+void TileConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {
+  std::string const name = resolvedObjName(resolver);
+  if (isNameForm()) {
+    target.setTileConstr(name, getName());
+  } else if (hasColumn()) {
+    target.setTileConstr(name, getColumn(), getRow(), getPhysicalType());
+  } else {
+    return;
+  }
+  if (TileConstr* made = target.getTileConstr(name)) {
+    made->copySrcInfoFrom(this);
+  }
+}
+
+void TileConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
+  JsonValue tile(rapidjson::kObjectType);
+  if (isNameForm()) {
+    addString(tile, "name", getName(), document);
+  } else {
+    addIntIfSet(tile, "column", hasColumn(), getColumn(), document);
+    addIntIfSet(tile, "row", hasRow(), getRow(), document);
+    if (hasColumn()) {
+      addString(tile, "tile_type", PhysicalSpec::toString(getPhysicalType()), document);
+    }
+  }
+  if (tile.ObjectEmpty()) {
+    std::string const objName = getObjName();
+    ComMsgMgr::sendMsg::eval(1, __FILE__, __LINE__, "tarvo", ComMsgMgr::MsgMask(0x4000000), "@75-586@%s",
+                             objName.c_str());
+    return;
+  }
+  addKindMember(*this, document, value, "tile", tile);
+}
+
+void TileConstr::offsetColumn(int n) {
+  shiftSpecColumn(m_spec, n);
+}
+
+std::string TileConstr::str() const {
+  std::ostringstream text;
+  text << " abs(" << getObjName() << ",tile)=(" << getColumn() << "," << getRow() << ")";
+  return text.str();
+}
+
+std::string const& TileConstr::getName() const {
+  return m_spec.getName();
+}
+int TileConstr::getColumn() const {
+  return m_spec.getColumn();
+}
+int TileConstr::getRow() const {
+  return m_spec.getRow();
+}
+HDPoint<int> TileConstr::getXY() const {
+  return m_spec.getXY();
+}
+void TileConstr::setPhysicalType(PhysicalSpec::PhysicalType type) {
+  m_spec.setPhysicalType(type);
+}
+PhysicalSpec::PhysicalType TileConstr::getPhysicalType() const {
+  return m_spec.getPhysicalType();
+}
+bool TileConstr::isTileType() const {
+  return m_spec.getPhysicalType() == PhysicalSpec::TILE;
+}
+bool TileConstr::isUnknownType() const {
+  return m_spec.getPhysicalType() == PhysicalSpec::UNKNOWN_TILE_TYPE;
+}
+void TileConstr::setName(std::string const& name) {
+  m_spec.setName(name);
+}
+void TileConstr::setColumn(int column) {
+  m_spec.setColumn(column);
+}
+void TileConstr::setRow(int row) {
+  m_spec.setRow(row);
+}
+void TileConstr::setXY(HDPoint<int> const& xy) {
+  m_spec.setXY(xy);
+}
+void TileConstr::setXY(int column, int row) {
+  m_spec.setXY(column, row);
+}
+void TileConstr::setPoint(HDPoint<int> const& xy) {
+  m_spec.setPoint(xy);
+}
+bool TileConstr::isSpecified() const {
+  return m_spec.isSpecified();
+}
+bool TileConstr::hasName() const {
+  return m_spec.hasName();
+}
+bool TileConstr::hasColumn() const {
+  return m_spec.hasColumn();
+}
+bool TileConstr::hasRow() const {
+  return m_spec.hasRow();
+}
+bool TileConstr::isNameForm() const {
+  return m_spec.isNamed();
+}
+bool TileConstr::isCoordinateForm() const {
+  return m_spec.isColumnSet();
+}
+
+// ---------------------------------------------------------------------------------------------
+// ShimConstr
+
+ShimConstr::ShimConstr(std::string const& objName) : BaseConstraint(SHIM, NODE, objName), m_spec(PhysicalSpec::SHIM) {}
+
+void ShimConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {
+  std::string const name = resolvedObjName(resolver);
+  if (isNameForm()) {
+    target.setShimConstr(name, getName());
+  } else if (hasColumn()) {
+    target.setShimConstr(name, getColumn(), getChannel());
+  } else {
+    return;
+  }
+  if (ShimConstr* made = target.getShimConstr(name)) {
+    made->copySrcInfoFrom(this);
+  }
+}
+
+void ShimConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
+  JsonValue shim(rapidjson::kObjectType);
+  if (isNameForm()) {
+    addString(shim, "name", getName(), document);
+  } else {
+    addIntIfSet(shim, "column", hasColumn(), getColumn(), document);
+    addIntIfSet(shim, "channel", hasChannel(), getChannel(), document);
+  }
+  addKindMember(*this, document, value, "shim", shim);
+}
+
+void ShimConstr::offsetColumn(int n) {
+  shiftSpecColumn(m_spec, n);
+}
+
+std::string ShimConstr::str() const {
+  std::ostringstream text;
+  text << " abs(" << getObjName() << ",shim)=(" << getColumn() << "," << getChannel() << ")";
+  return text.str();
+}
+
+std::string const& ShimConstr::getName() const {
+  return m_spec.getName();
+}
+int ShimConstr::getColumn() const {
+  return m_spec.getColumn();
+}
+int ShimConstr::getChannel() const {
+  return m_spec.getChannel();
+}
+void ShimConstr::setName(std::string const& name) {
+  m_spec.setName(name);
+}
+void ShimConstr::setColumn(int column) {
+  m_spec.setColumn(column);
+}
+void ShimConstr::setChannel(int channel) {
+  m_spec.setChannel(channel);
+}
+bool ShimConstr::isValid() const {
+  return (hasName() || hasColumn()) && hasChannel();
+}
+bool ShimConstr::hasName() const {
+  return m_spec.hasName();
+}
+bool ShimConstr::hasColumn() const {
+  return m_spec.hasColumn();
+}
+bool ShimConstr::hasChannel() const {
+  return m_spec.hasChannel();
+}
+bool ShimConstr::isNameForm() const {
+  return m_spec.isNamed();
+}
+bool ShimConstr::isCoordinateForm() const {
+  return m_spec.isColumnSet();
+}
+
+// ---------------------------------------------------------------------------------------------
+// PortLocConstr
+
+PortLocConstr::PortLocConstr(std::string const& objName) : BaseConstraint(PORT_LOC, PORT, objName) {}
+
+void PortLocConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {
+  std::string const name = resolvedObjName(resolver);
+  if (isNameForm()) {
+    target.setPortLocConstr(name, getName(), getChannel());
+  } else if (hasColumn()) {
+    target.setPortLocConstr(name, getPhysicalType(), getColumn(), getRow(), getChannel());
+  } else {
+    return;
+  }
+  if (PortLocConstr* made = target.getPortLocConstr(name)) {
+    made->copySrcInfoFrom(this);
+  }
+}
+
+void PortLocConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
+  JsonValue place(rapidjson::kObjectType);
+  if (isNameForm()) {
+    addString(place, "name", getName(), document);
+    addIntIfSet(place, "channel", hasChannel(), getChannel(), document);
+  } else if (hasColumn() || hasRow() || hasChannel()) {
+    addString(place, "tile_type", PhysicalSpec::toString(getPhysicalType()), document);
+    addIntIfSet(place, "row", hasRow(), getRow(), document);
+    addIntIfSet(place, "column", hasColumn(), getColumn(), document);
+    addIntIfSet(place, "channel", hasChannel(), getChannel(), document);
+  }
+  addKindMember(*this, document, value, "port_loc", place);
+}
+
+void PortLocConstr::offsetColumn(int n) {
+  shiftSpecColumn(m_spec, n);
+}
+
+// Says "shim" whatever the place's type, as the shim constraint does.
+std::string PortLocConstr::str() const {
+  std::ostringstream text;
+  text << " abs(" << getObjName() << ",shim)=(" << getColumn() << "," << getChannel() << ")";
+  return text.str();
+}
+
+void PortLocConstr::setPhysicalType(PhysicalSpec::PhysicalType type) {
+  m_spec.setPhysicalType(type);
+}
+PhysicalSpec::PhysicalType PortLocConstr::getPhysicalType() const {
+  return m_spec.getPhysicalType();
+}
+std::string const& PortLocConstr::getName() const {
+  return m_spec.getName();
+}
+int PortLocConstr::getColumn() const {
+  return m_spec.getColumn();
+}
+int PortLocConstr::getRow() const {
+  return m_spec.getRow();
+}
+int PortLocConstr::getChannel() const {
+  return m_spec.getChannel();
+}
+void PortLocConstr::setName(std::string const& name) {
+  m_spec.setName(name);
+}
+void PortLocConstr::setColumn(int column) {
+  m_spec.setColumn(column);
+}
+void PortLocConstr::setRow(int row) {
+  m_spec.setRow(row);
+}
+void PortLocConstr::setChannel(int channel) {
+  m_spec.setChannel(channel);
+}
+bool PortLocConstr::isValid() const {
+  return (hasName() || hasColumn()) && hasChannel();
+}
+bool PortLocConstr::hasName() const {
+  return m_spec.hasName();
+}
+bool PortLocConstr::hasColumn() const {
+  return m_spec.hasColumn();
+}
+bool PortLocConstr::hasRow() const {
+  return m_spec.hasRow();
+}
+bool PortLocConstr::hasChannel() const {
+  return m_spec.hasChannel();
+}
+bool PortLocConstr::isNameForm() const {
+  return m_spec.isNamed();
+}
+bool PortLocConstr::isCoordinateForm() const {
+  return m_spec.isColumnSet();
+}
+
+// ---------------------------------------------------------------------------------------------
+// StreamChannelConstr
+
+StreamChannelConstr::StreamChannelConstr(std::string const& objName)
+    : BaseConstraint(STREAM_CHANNEL, PORT, objName),
+      m_column(HATAttr::INT),
+      m_row(HATAttr::INT),
+      m_offset(HATAttr::INT),
+      m_channel(HATAttr::INT) {}
+
+void StreamChannelConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {
+  std::string const name = resolvedObjName(resolver);
+  if (hasColumn() && hasRow()) {
+    target.setStreamChannelConstr(name, getColumn(), getRow(), getChannel(), getDirectionAsStr());
+  } else {
+    target.setStreamChannelConstr(name, getOffset(), getChannel(), getDirectionAsStr());
+  }
+  if (StreamChannelConstr* made = target.getStreamChannelConstr(name)) {
+    made->copySrcInfoFrom(this);
+  }
+}
+
+void StreamChannelConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
+  JsonValue channel(rapidjson::kObjectType);
+  addIntIfSet(channel, "column", hasColumn(), getColumn(), document);
+  addIntIfSet(channel, "row", hasRow(), getRow(), document);
+  addIntIfSet(channel, "offset", hasOffset(), getOffset(), document);
+  if (hasDirection()) {
+    addString(channel, "direction", getDirectionAsStr(), document);
+  }
+  addIntIfSet(channel, "channel", hasChannel(), getChannel(), document);
+  addKindMember(*this, document, value, "stream_channel", channel);
+}
+
+// The offset form is relative to the port and needs no shift.
+void StreamChannelConstr::offsetColumn(int n) {
+  if (hasColumn()) {
+    setColumn(getColumn() + n);
+  }
+}
+
+std::string StreamChannelConstr::str() const {
+  std::ostringstream text;
+  text << " stream_chan(" << getObjName() << ")=";
+  if (hasOffset()) {
+    text << "Relative:(" << getOffset() << "," << getChannel() << "," << getDirectionAsStr() << ")";
+  } else {
+    text << "Absolute:(" << getColumn() << "," << getRow() << "," << getChannel() << "," << getDirectionAsStr() << ")";
+  }
+  return text.str();
+}
+
+int StreamChannelConstr::getColumn() const {
+  return m_column.getInt();
+}
+int StreamChannelConstr::getRow() const {
+  return m_row.getInt();
+}
+int StreamChannelConstr::getOffset() const {
+  return m_offset.getInt();
+}
+StreamChannelConstr::Direction StreamChannelConstr::getDirection() const {
+  return m_direction;
+}
+
+std::string StreamChannelConstr::getDirectionAsStr() const {
+  static char const* const texts[] = {"North", "South", "East", "West", "unset"};
+  return texts[m_direction <= Unset ? m_direction : Unset];
+}
+
+int StreamChannelConstr::getChannel() const {
+  return m_channel.getInt();
+}
+void StreamChannelConstr::setColumn(int column) {
+  m_column.setInt(column);
+}
+void StreamChannelConstr::setRow(int row) {
+  m_row.setInt(row);
+}
+void StreamChannelConstr::setOffset(int offset) {
+  m_offset.setInt(offset);
+}
+
+void StreamChannelConstr::setDirection(std::string const& direction) {
+  if (direction.empty()) {
+    m_direction = Unset;
+    return;
+  }
+  static char const* const words[] = {"North", "South", "East", "West", "unset"};
+  for (std::uint32_t i = North; i <= Unset; ++i) {
+    if (boost::algorithm::iequals(direction, words[i])) {
+      m_direction = static_cast<Direction>(i);
+      return;
+    }
+  }
+}
+
+void StreamChannelConstr::setDirection(Direction direction) {
+  m_direction = direction;
+}
+void StreamChannelConstr::setChannel(int channel) {
+  m_channel.setInt(channel);
+}
+
+bool StreamChannelConstr::isValid() const {
+  bool const absolute = hasColumn() && hasRow() && hasChannel() && hasDirection();
+  bool const relative = hasOffset() && hasChannel() && hasDirection();
+  return absolute || relative;
+}
+
+bool StreamChannelConstr::hasColumn() const {
+  return m_column.isSet();
+}
+bool StreamChannelConstr::hasRow() const {
+  return m_row.isSet();
+}
+bool StreamChannelConstr::hasOffset() const {
+  return m_offset.isSet();
+}
+bool StreamChannelConstr::hasDirection() const {
+  return m_direction != Unset;
+}
+bool StreamChannelConstr::hasChannel() const {
+  return m_channel.isSet();
+}
+
+// ---------------------------------------------------------------------------------------------
+// BufferConstr, MemConstr, ReservedMemoryConstr
+
+BufferConstr::BufferConstr(std::string const& objName) : BaseConstraint(BUFFER, PORT, objName) {}
+
+void BufferConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {
+  std::string const name = resolvedObjName(resolver);
+  target.setBufferConstr(name, m_ping, m_pong, m_rtpSelector);
+  if (BufferConstr* made = target.getBufferConstr(name)) {
+    made->copySrcInfoFrom(this);
+  }
+}
+
+void BufferConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
+  addAddressArray(*this, document, value, "buffers", {&m_ping, &m_pong, &m_rtpSelector});
+}
+
+void BufferConstr::offsetColumn(int n) {
+  m_ping.offsetColumn(n);
+  m_pong.offsetColumn(n);
+  m_rtpSelector.offsetColumn(n);
+}
+
+std::string BufferConstr::str() const {
+  return " buf(" + getObjName() +
+         ",data_buffer)=" + addressesText({{"ping=", &m_ping}, {"pong=", &m_pong}, {"rtpSelector=", &m_rtpSelector}});
+}
+
+MemConstr::MemConstr(std::string const& objName) : BaseConstraint(MEM, NODE, objName) {}
+
+void MemConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {
+  std::string const name = resolvedObjName(resolver);
+  target.setMemConstr(name, m_ping, m_pong);
+  if (MemConstr* made = target.getMemConstr(name)) {
+    made->copySrcInfoFrom(this);
+  }
+}
+
+void MemConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
+  addAddressArray(*this, document, value, "mem", {&m_ping, &m_pong});
+}
+
+void MemConstr::offsetColumn(int n) {
+  m_ping.offsetColumn(n);
+  m_pong.offsetColumn(n);
+}
+
+std::string MemConstr::str() const {
+  return " mem(" + getObjName() + ",shared_buffer)=" + addressesText({{"ping=", &m_ping}, {"pong=", &m_pong}});
+}
+
+ReservedMemoryConstr::ReservedMemoryConstr(std::string const& objName)
+    : BaseConstraint(RESERVED_MEMORY, NODE, objName) {}
+
+void ReservedMemoryConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {
+  std::string const name = resolvedObjName(resolver);
+  target.setReservedMemoryConstr(name, m_address);
+  if (ReservedMemoryConstr* made = target.getReservedMemoryConstr(name)) {
+    made->copySrcInfoFrom(this);
+  }
+}
+
+void ReservedMemoryConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
+  JsonValue address = makeAddressObject(m_address, document);
+  addKindMember(*this, document, value, "reserved_memory", address);
+}
+
+void ReservedMemoryConstr::offsetColumn(int n) {
+  m_address.offsetColumn(n);
+}
+
+std::string ReservedMemoryConstr::str() const {
+  return " buf(" + getObjName() + ",reserved_memory)=" + m_address.str();
+}
+
+}  // namespace constraints
+}  // namespace kpe
