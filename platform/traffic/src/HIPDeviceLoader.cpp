@@ -22,8 +22,6 @@ namespace {
 typedef HCRapidJsonReadWriteUtils Json;
 typedef Json::Value Value;
 
-std::size_t const kPoolChunkSize = 65536;
-
 #define DEVHRDIP_COMP_TYPE_TEXT(name, role) #name,
 char const* const kCompTypeTexts[] = {DEVHRDIP_COMP_TYPE_ROWS(DEVHRDIP_COMP_TYPE_TEXT)};
 #undef DEVHRDIP_COMP_TYPE_TEXT
@@ -69,7 +67,7 @@ void validate(Json::Document const& doc, std::string const& fileName) {
   std::ifstream in(schemaPath, std::ios_base::binary);
   HUTFile const file(schemaPath);
   if (!file.exists() || !file.isFile() || !in.good()) Json::errorReadingSchemaFile(schemaPath);
-  Json::Document schemaDoc(nullptr, kPoolChunkSize);
+  Json::Document schemaDoc;
   HCJsonInputStream stream(in);
   rapidjson::ParseResult const result = Json::ParseStream(stream, schemaDoc);
   if (result.IsError()) Json::errorParsingSchemaFile(schemaPath, Json::GetErrorMsgFromParse(result, stream));
@@ -170,7 +168,7 @@ std::unique_ptr<HIPDevice> HIPDeviceLoader::readFromFile(std::string const& file
 }
 
 std::unique_ptr<HIPDevice> HIPDeviceLoader::readFromStream(std::istream& in, std::string const& fileName) {
-  Json::Document doc(nullptr, kPoolChunkSize);
+  Json::Document doc;
   parse(in, fileName, doc);
   validate(doc, fileName);
   return build(doc, fileName);
@@ -178,7 +176,7 @@ std::unique_ptr<HIPDevice> HIPDeviceLoader::readFromStream(std::istream& in, std
 
 std::unique_ptr<HIPDevice> HIPDeviceLoader::makeDefaultDevice() {
   std::istringstream in(getDefaultDeviceText());
-  Json::Document doc(nullptr, kPoolChunkSize);
+  Json::Document doc;
   std::string const name = "(default device)";
   parse(in, name, doc);
   return build(doc, name);
