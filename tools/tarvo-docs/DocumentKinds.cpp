@@ -9,6 +9,7 @@ std::vector<std::unique_ptr<DocumentKind>> const& documentKinds() {
   static std::vector<std::unique_ptr<DocumentKind>> const kinds = [] {
     std::vector<std::unique_ptr<DocumentKind>> all;
     all.push_back(makeMetadataKind());
+    all.push_back(makeConstraintKind());
     return all;
   }();
   return kinds;

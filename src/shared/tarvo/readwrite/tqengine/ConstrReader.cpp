@@ -11,6 +11,7 @@
 #include "ConstrJsonViews.h"
 #include "ConstrPlaceText.h"
 #include "ConstrSourceScanner.h"
+#include "ConstrWriter.h"
 #include "GroupConstraints.h"
 #include "HEXAlgException.h"
 #include "HEXAll.h"
@@ -156,16 +157,8 @@ void ConstrReader::reset() {
 
 std::string ConstrReader::findSchemaFile() const {
   if (!m_schemaOverride.empty()) return m_schemaOverride;
-  std::string const& separator = HUTFile::getDirSeparator();
-  std::string const candidates[] = {
-      "kpetools_constr_schema.json",
-      "parts" + separator + "zorvex" + separator + "common" + separator + "tellura" + separator +
-          "KPEConstrSchema.json"};
-  for (std::string const& relative : candidates) {
-    std::string path = HUTEnv::getQDSDataDir(relative) + separator + relative;
-    HUTFile(path).getCanonicalName(path);
-    if (HUTFile(path).isFile()) return path;
-  }
+  std::string const installed = ConstrWriter::findInstalledSchemaFile();
+  if (!installed.empty()) return installed;
   ComMsgMgrInstance const message =
       ComMsgMgrInstance::createInstance::eval(0, __FILE__, __LINE__, "tarvo", ComMsgMgr::MSG_ERROR, "@75-391@");
   throw HEXAll(message);
