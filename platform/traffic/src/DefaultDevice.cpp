@@ -5,6 +5,8 @@ namespace DevHrdIP {
 // Eight switches in four columns and two rows. The lower row serves the PL and the array,
 // the upper row the processing system, platform management and the memory controller, whose
 // four ports hang on the two middle switches.
+// The KPE shim row has four tiles in device columns 0 to 3, each with four PL channels, two
+// NoC channels and a control site that is no channel.
 std::string const& HIPDeviceLoader::getDefaultDeviceText() {
   static std::string const text = R"json({
   "name": "zorvex-demo",
@@ -90,6 +92,46 @@ std::string const& HIPDeviceLoader::getDefaultDeviceText() {
       {"from": "NOC_SW_X3Y1", "fromPort": "L0", "to": "NOC_IN_PM_0", "toPort": "P", "latency": 1},
       {"from": "NOC_OUT_PM_0", "fromPort": "P", "to": "NOC_SW_X3Y1", "toPort": "L1", "latency": 1},
       {"from": "NOC_SW_X3Y1", "fromPort": "L1", "to": "NOC_OUT_PM_0", "toPort": "P", "latency": 1}
+    ]
+  },
+  "kpeShimRow": {
+    "tiles": [
+      {"name": "KPE_SHIM_X0Y0", "column": 0, "sites": [
+        {"name": "PL_S0", "channel": 0},
+        {"name": "PL_S1", "channel": 1},
+        {"name": "PL_M0", "channel": 2},
+        {"name": "PL_M1", "channel": 3},
+        {"name": "NOC_S0", "channel": 4},
+        {"name": "NOC_M0", "channel": 5},
+        {"name": "CTRL"}
+      ]},
+      {"name": "KPE_SHIM_X1Y0", "column": 1, "sites": [
+        {"name": "PL_S0", "channel": 0},
+        {"name": "PL_S1", "channel": 1},
+        {"name": "PL_M0", "channel": 2},
+        {"name": "PL_M1", "channel": 3},
+        {"name": "NOC_S0", "channel": 4},
+        {"name": "NOC_M0", "channel": 5},
+        {"name": "CTRL"}
+      ]},
+      {"name": "KPE_SHIM_X2Y0", "column": 2, "sites": [
+        {"name": "PL_S0", "channel": 0},
+        {"name": "PL_S1", "channel": 1},
+        {"name": "PL_M0", "channel": 2},
+        {"name": "PL_M1", "channel": 3},
+        {"name": "NOC_S0", "channel": 4},
+        {"name": "NOC_M0", "channel": 5},
+        {"name": "CTRL"}
+      ]},
+      {"name": "KPE_SHIM_X3Y0", "column": 3, "sites": [
+        {"name": "PL_S0", "channel": 0},
+        {"name": "PL_S1", "channel": 1},
+        {"name": "PL_M0", "channel": 2},
+        {"name": "PL_M1", "channel": 3},
+        {"name": "NOC_S0", "channel": 4},
+        {"name": "NOC_M0", "channel": 5},
+        {"name": "CTRL"}
+      ]}
     ]
   }
 }
