@@ -10,6 +10,7 @@ std::vector<std::unique_ptr<DocumentKind>> const& documentKinds() {
     std::vector<std::unique_ptr<DocumentKind>> all;
     all.push_back(makeMetadataKind());
     all.push_back(makeConstraintKind());
+    all.push_back(makeTrafficKind());
     return all;
   }();
   return kinds;

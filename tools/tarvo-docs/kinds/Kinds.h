@@ -10,6 +10,7 @@ namespace tarvo_docs {
 // One factory per document kind, each defined in its own file of this folder.
 std::unique_ptr<DocumentKind> makeMetadataKind();
 std::unique_ptr<DocumentKind> makeConstraintKind();
+std::unique_ptr<DocumentKind> makeTrafficKind();
 
 }  // namespace tarvo_docs
 
