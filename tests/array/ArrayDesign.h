@@ -1,6 +1,7 @@
 #ifndef TARVO_TESTS_ARRAYDESIGN_H
 #define TARVO_TESTS_ARRAYDESIGN_H
 
+#include <cstdlib>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -10,6 +11,7 @@
 #include "HDARPart.h"
 #include "KPEShimInterfaceSolution.h"
 #include "TQLogicalArchModel.h"
+#include "TestSupport.h"
 #include "TrafficSpec.h"
 
 namespace array_test {
@@ -50,14 +52,14 @@ struct ArrayDesign {
 
   TQLogicalTQIPInstance* addInstance(std::string const& name) { return model.addTQIPInstance(name); }
 
-  // A port with the given channel names, each made a logical instance of the traffic
-  // specification unless it starts with "?".
+  // A port with the given channel names, each also made an array-side logical instance of
+  // the traffic specification unless it is one already or `addToTraffic` is false.
   TQLogicalPort* addPort(TQLogicalTQIPInstance* instance, std::string const& name,
-                         std::vector<std::string> const& channels) {
+                         std::vector<std::string> const& channels, bool addToTraffic = true) {
     TQLogicalPort* port = model.addShimPort(name, *instance);
     for (std::string const& channel : channels) {
       port->addTqChannelFullHierName(channel);
-      if (channel.compare(0, 1, "?") != 0) addChannel(channel);
+      if (addToTraffic && this->channel(channel) == nullptr) addChannel(channel);
     }
     return port;
   }
@@ -67,7 +69,11 @@ struct ArrayDesign {
     return traffic.addLogicalInstance(name, DevHrdIP::Definitions::AXI_STRM, type, {});
   }
 
-  TrafficLInst const* channel(std::string const& name) const { return traffic.getTQLogicalInst(name); }
+  TrafficLInst const* channel(std::string const& name) const {
+    if (TrafficLInst const* master = traffic.hasLogicalMaster(name)) return master;
+    if (TrafficLInst const* slave = traffic.hasLogicalSlave(name)) return slave;
+    return traffic.getTQLogicalInst(name);
+  }
   GRMBel site(std::string const& hierarchicalName) const { return part->getOracle().getBelByName(hierarchicalName); }
 
   // Places a channel on a site given by its hierarchical name.
@@ -79,6 +85,30 @@ struct ArrayDesign {
   TrafficSpec traffic;
   TQLogicalArchModel model;
   TestSolution solution{*part};
+};
+
+// While it lives, schemas are taken from tests/data/array/strict first: stricter forms of
+// the exchange schemas, which let a test reach a writer's schema failure.
+class StrictSchemas {
+ public:
+  StrictSchemas() {
+    char const* old = std::getenv("QDS_DATA_DIR");
+    m_hadOld = old != nullptr;
+    if (m_hadOld) m_old = old;
+    setenv("QDS_DATA_DIR", tarvo_test::dataPath("array/strict").c_str(), 1);
+  }
+  ~StrictSchemas() {
+    if (m_hadOld)
+      setenv("QDS_DATA_DIR", m_old.c_str(), 1);
+    else
+      unsetenv("QDS_DATA_DIR");
+  }
+  StrictSchemas(StrictSchemas const&) = delete;
+  StrictSchemas& operator=(StrictSchemas const&) = delete;
+
+ private:
+  bool m_hadOld;
+  std::string m_old;
 };
 
 }  // namespace array_test

@@ -1,0 +1,40 @@
+#include "KPEShimPortSites.h"
+
+#include "HSTStrUtils.h"
+#include "KPEShimInterfaceSolution.h"
+#include "TQLogicalPort.h"
+#include "TrafficSpec.h"
+
+using HrdIPToolCntr::TrafficLInst;
+
+TrafficLInst const* KPEShimPortSites::logicalInstance(HrdIPToolCntr::TrafficSpec const& traffic,
+                                                      std::string const& channelName) {
+  if (TrafficLInst const* master = traffic.hasLogicalMaster(channelName)) return master;
+  if (TrafficLInst const* slave = traffic.hasLogicalSlave(channelName)) return slave;
+  return traffic.getTQLogicalInst(channelName);
+}
+
+GRMBel KPEShimPortSites::siteOf(HrdIPToolCntr::TrafficSpec const& traffic, KPEShimInterfaceSolution const& solution,
+                                std::string const& channelName) {
+  TrafficLInst const* instance = logicalInstance(traffic, channelName);
+  return instance != nullptr ? solution.getPhysicalForLogical(instance) : GRMBel();
+}
+
+std::vector<GRMBel> KPEShimPortSites::placedSites(Tarvo::Frameworks::TQLogicalPort const& port,
+                                                  HrdIPToolCntr::TrafficSpec const& traffic,
+                                                  KPEShimInterfaceSolution const& solution) {
+  std::vector<GRMBel> sites;
+  for (std::string const& channel : port.getTqChannelFullHierNames()) {
+    GRMBel const site = siteOf(traffic, solution, channel);
+    if (!site.isBad()) sites.push_back(site);
+  }
+  return sites;
+}
+
+std::string KPEShimPortSites::channelForParity(std::vector<std::string> const& channelNames, bool odd) {
+  if (channelNames.size() == 1) return channelNames.front();
+  char const* const mark = odd ? "<1>_INST" : "<0>_INST";
+  for (std::string const& name : channelNames)
+    if (HSTStrUtils::contains(name.c_str(), mark) != nullptr) return name;
+  return std::string();
+}
