@@ -31,7 +31,8 @@ void HCJsonInputStream::readBlock() {
   m_previousOffset = m_blockOffset;
   m_blockOffset += m_readCount;
 
-  std::streamsize const got = m_in.rdbuf() == nullptr
+  // A stream that is not good gives no text, as it would to a reader that asks it per character.
+  std::streamsize const got = m_in.rdbuf() == nullptr || !m_in.good()
                                   ? 0
                                   : m_in.rdbuf()->sgetn(m_block.data(), static_cast<std::streamsize>(m_blockSize));
   m_readCount = got > 0 ? static_cast<std::size_t>(got) : 0;
