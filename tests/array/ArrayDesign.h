@@ -49,6 +49,7 @@ inline std::unique_ptr<HDARPart> makeTestPart() {
 // specification, on the test part.
 struct ArrayDesign {
   ArrayDesign() : part(makeTestPart()) {}
+  explicit ArrayDesign(std::unique_ptr<HDARPart> devicePart) : part(std::move(devicePart)) {}
 
   TQLogicalTQIPInstance* addInstance(std::string const& name) { return model.addTQIPInstance(name); }
 
