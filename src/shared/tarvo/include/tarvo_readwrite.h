@@ -45,8 +45,9 @@
 #include "GRMKpeOracle.h"
 #include "GRMOracle.h"
 #include "HDARPart.h"
+#include "HDARPartLoader.h"
 #include "HDARShimRow.h"
-#include "HDARShimRowLoader.h"
+#include "HDARShimRowGenerator.h"
 
 #include "Address.h"
 #include "AttrConstr.h"
