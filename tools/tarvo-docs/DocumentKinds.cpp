@@ -11,6 +11,7 @@ std::vector<std::unique_ptr<DocumentKind>> const& documentKinds() {
     all.push_back(makeMetadataKind());
     all.push_back(makeConstraintKind());
     all.push_back(makeTrafficKind());
+    all.push_back(makeCompilerSolutionKind());
     return all;
   }();
   return kinds;

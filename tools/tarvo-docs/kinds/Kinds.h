@@ -11,6 +11,7 @@ namespace tarvo_docs {
 std::unique_ptr<DocumentKind> makeMetadataKind();
 std::unique_ptr<DocumentKind> makeConstraintKind();
 std::unique_ptr<DocumentKind> makeTrafficKind();
+std::unique_ptr<DocumentKind> makeCompilerSolutionKind();
 
 }  // namespace tarvo_docs
 
