@@ -20,7 +20,9 @@ using Strings = std::vector<std::string>;
 
 namespace {
 
-std::string documentPath(std::string const& name) { return tarvo_test::dataPath("constraints_reader/" + name); }
+std::string documentPath(std::string const& name) {
+  return tarvo_test::dataPath("constraints_reader/" + name);
+}
 
 // The name a scanned source records for a file given by its absolute path.
 std::string recordedName(std::string const& path) {
@@ -34,7 +36,8 @@ std::string sourceText(SrcInfo const& info) {
 
 std::string rangesText(std::vector<PhysicalRange> const& ranges) {
   std::string text;
-  for (PhysicalRange const& range : ranges) text += "[" + range.str() + "]";
+  for (PhysicalRange const& range : ranges)
+    text += "[" + range.str() + "]";
   return text;
 }
 
@@ -92,7 +95,8 @@ TEST_F(ConstrReaderTest, NodeKeysReachTheStoreByTheirForms) {
   EXPECT_EQ(1, store.getShimConstr("n_type")->getChannel());
   EXPECT_EQ(PhysicalSpec::MEM, store.getTileConstr("n_bad")->getPhysicalType());
 
-  for (char const* node : {"n_type", "n_bad", "n_empty"}) EXPECT_EQ(nullptr, store.getMemConstr(node)) << node;
+  for (char const* node : {"n_type", "n_bad", "n_empty"})
+    EXPECT_EQ(nullptr, store.getMemConstr(node)) << node;
   EXPECT_EQ((Strings{"75-584(" + file + "|n_type)", "75-579(" + file + "|n_bad)", "75-574(" + file + "|n_empty)"}),
             messages.summary());
   EXPECT_EQ(ComMsgMgr::MSG_CRITICAL_WARNING, messages.messages().front().getMask());
@@ -195,9 +199,8 @@ TEST_F(ConstrReaderTest, AreaGroupsReadPlaceTextsPairsAndColumns) {
   EXPECT_EQ((Strings{"s1", "s2"}), store.getIsomorphicGraphGroupConstr("iso")->getStampedGraphs());
   EXPECT_EQ(4u, store.size());
 
-  EXPECT_EQ((Strings{"75-647(:(2,2))", "75-596(" + file + "|g|:(2,2))", "75-646((1,2)",
-                     "75-596(" + file + "|g|(a,b))", "75-588(" + file + "|g)", "75-595(" + file + "|g|(x,y))",
-                     "75-747(" + file + "|g)"}),
+  EXPECT_EQ((Strings{"75-647(:(2,2))", "75-596(" + file + "|g|:(2,2))", "75-646((1,2)", "75-596(" + file + "|g|(a,b))",
+                     "75-588(" + file + "|g)", "75-595(" + file + "|g|(x,y))", "75-747(" + file + "|g)"}),
             messages.summary());
 }
 
@@ -254,8 +257,7 @@ TEST_F(ConstrReaderTest, NamesGoThroughTheResolverOneItemAtATime) {
   EXPECT_EQ(1, relative->getNodeOffset("pair_1").x);
   EXPECT_EQ(2u, store.size());
 
-  EXPECT_EQ((Strings{"75-407(ghost)", "75-412(ghost)", "75-497(p_ghost|top)", "75-408(n_ghost)"}),
-            messages.summary());
+  EXPECT_EQ((Strings{"75-407(ghost)", "75-412(ghost)", "75-497(p_ghost|top)", "75-408(n_ghost)"}), messages.summary());
   // The reader's own messages carry the place of the object in the file.
   std::vector<ComMsgMgrInstance::MetaAnnotation> const& metas = messages.messages().front().getMetaTypes();
   ASSERT_EQ(3u, metas.size());
@@ -374,7 +376,8 @@ TEST_F(ConstrReaderTest, FailuresLeaveByExceptionWithTheirMessages) {
     } catch (HEXAll const& error) {
       ComMsgMgrInstance const& message = error.getMessage();
       std::string text = message.getId();
-      for (std::string const& arg : message.getArgs()) text += "|" + arg;
+      for (std::string const& arg : message.getArgs())
+        text += "|" + arg;
       return text;
     }
     return std::string("no failure");

@@ -11,12 +11,13 @@ using kpe::constraints::ConstrSourceScanner;
 
 namespace {
 
-std::string readerTestFile(std::string const& name) { return tarvo_test::dataPath("constraints_reader/" + name); }
+std::string readerTestFile(std::string const& name) {
+  return tarvo_test::dataPath("constraints_reader/" + name);
+}
 
 // The search as a person would do it with the file open: line by line from the start for
 // the quoted name, then from the next line on for the quoted key.
-ConstrSourceScanner::Position searchByLines(std::string const& file, std::string const& name,
-                                            std::string const* key) {
+ConstrSourceScanner::Position searchByLines(std::string const& file, std::string const& name, std::string const* key) {
   std::ifstream in(file, std::ios_base::binary);
   std::string line;
   int number = 0;
@@ -66,9 +67,25 @@ TEST(ConstrSourceScanner, FindsTheFirstQuotedNameThenTheKeyOnALaterLine) {
 
 TEST(ConstrSourceScanner, AgreesWithALineByLineSearchForEveryPair) {
   std::string const file = readerTestFile("scan_positions.json");
-  std::vector<std::string> const texts = {"a", "b", "y", "b\\", "x\\", "", "tile", "name", "column", "g1",
-                                          "colocated_nodes", "areaGroup", "say \\\"hi\\\"", "\"", "b\"", "nope",
-                                          "NodeConstraints", ": ", "1 } },\r"};
+  std::vector<std::string> const texts = {"a",
+                                          "b",
+                                          "y",
+                                          "b\\",
+                                          "x\\",
+                                          "",
+                                          "tile",
+                                          "name",
+                                          "column",
+                                          "g1",
+                                          "colocated_nodes",
+                                          "areaGroup",
+                                          "say \\\"hi\\\"",
+                                          "\"",
+                                          "b\"",
+                                          "nope",
+                                          "NodeConstraints",
+                                          ": ",
+                                          "1 } },\r"};
   ConstrSourceScanner scanner(file);
   for (std::string const& name : texts) {
     ConstrSourceScanner::Position expected = searchByLines(file, name, nullptr);

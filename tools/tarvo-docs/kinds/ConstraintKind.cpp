@@ -136,6 +136,8 @@ class ConstraintKind : public DocumentKind {
 
 }  // namespace
 
-std::unique_ptr<DocumentKind> makeConstraintKind() { return std::make_unique<ConstraintKind>(); }
+std::unique_ptr<DocumentKind> makeConstraintKind() {
+  return std::make_unique<ConstraintKind>();
+}
 
 }  // namespace tarvo_docs

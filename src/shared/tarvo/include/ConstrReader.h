@@ -105,9 +105,8 @@ class ConstrReader {
   bool readRange(JsonValue const& item, std::string const& groupName, PhysicalSpec::PhysicalType type,
                  PhysicalRange& range);
   PhysicalSpec readPlace(JsonValue const* value, PhysicalSpec::PhysicalType type, std::string const& groupName);
-  PhysicalSpec readPlaceText(std::string const& text, PhysicalSpec::PhysicalType type,
-                             std::string const& groupName);
-  void readGroupSource(BaseConstraint* group, std::string const& name, JsonValue const& object);
+  PhysicalSpec readPlaceText(std::string const& text, PhysicalSpec::PhysicalType type, std::string const& groupName);
+  void readGroupSource(BaseConstraint::ConstrType kind, std::string const& name, JsonValue const& object);
 
   // The source a key of an object stands for, or null.
   SrcInfo* sourceOf(std::string const& name, std::string const& key) const;

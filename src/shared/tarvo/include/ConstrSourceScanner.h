@@ -16,6 +16,8 @@ namespace constraints {
 //
 // The file is read once, on the first search, and every quoted text of it is indexed, so
 // that each search is a hash look-up and a binary search rather than a pass over the file.
+// The occurrences of all texts share one array, grouped by text (two passes over the text in
+// memory: count, then place), which keeps the index near eight bytes per quoted text.
 // Searches for texts with a double quote inside fall back to a line-by-line search.
 class ConstrSourceScanner {
  public:
@@ -45,8 +47,16 @@ class ConstrSourceScanner {
     std::uint32_t line;
     std::uint32_t column;
   };
-  typedef std::vector<Occurrence> Occurrences;
+  // Where the occurrences of one quoted text lie in m_occurrences, in file order.
+  struct Postings {
+    std::uint32_t begin;
+    std::uint32_t count;
+  };
 
+  // Calls visit(text, line, column) for the text between each pair of neighbouring quotes
+  // on a line, in file order.
+  template <typename Visit>
+  void forEachQuoted(Visit visit) const;
   void index();
   // The first match of the quoted text on a line after `afterLine`.
   bool findAfter(std::string const& text, std::uint32_t afterLine, Occurrence& found) const;
@@ -55,7 +65,8 @@ class ConstrSourceScanner {
   std::string m_fileName;
   State m_state = State::NotLoaded;
   std::string m_text;
-  std::unordered_map<std::string_view, Occurrences> m_quoted;
+  std::unordered_map<std::string_view, Postings> m_quoted;
+  std::vector<Occurrence> m_occurrences;
 };
 
 }  // namespace constraints

@@ -9,7 +9,9 @@ namespace {
 using kpe::constraints::ConstrPlaceText;
 using kpe::constraints::PhysicalSpec;
 
-std::string textOf(Value const& value) { return std::string(value.GetString(), value.GetStringLength()); }
+std::string textOf(Value const& value) {
+  return std::string(value.GetString(), value.GetStringLength());
+}
 
 void applyPlace(ConstrPlaceText::Place const& place, PhysicalSpec& spec) {
   if (!place.name.empty()) {
@@ -64,27 +66,45 @@ JBaseValue::JBaseValue(Value const& object, char const* key) : m_value(nullptr) 
 
 JBaseValue::~JBaseValue() = default;
 
-bool JBaseValue::isValid() const { return m_value != nullptr && !m_value->IsNull(); }
+bool JBaseValue::isValid() const {
+  return m_value != nullptr && !m_value->IsNull();
+}
 
 bool JSimpleValue::isValid() const {
   return m_value != nullptr && (m_value->IsBool() || m_value->IsNumber() || m_value->IsString());
 }
 
-bool JBool::isValid() const { return m_value != nullptr && m_value->IsBool(); }
+bool JBool::isValid() const {
+  return m_value != nullptr && m_value->IsBool();
+}
 
-bool JBool::get() const { return m_value != nullptr && m_value->IsTrue(); }
+bool JBool::get() const {
+  return m_value != nullptr && m_value->IsTrue();
+}
 
-bool JInt::isValid() const { return m_value != nullptr && m_value->IsInt(); }
+bool JInt::isValid() const {
+  return m_value != nullptr && m_value->IsInt();
+}
 
-int JInt::get(int fallback) const { return isValid() ? m_value->GetInt() : fallback; }
+int JInt::get(int fallback) const {
+  return isValid() ? m_value->GetInt() : fallback;
+}
 
-bool JString::isValid() const { return m_value != nullptr && m_value->IsString(); }
+bool JString::isValid() const {
+  return m_value != nullptr && m_value->IsString();
+}
 
-std::string JString::get() const { return isValid() ? textOf(*m_value) : std::string(); }
+std::string JString::get() const {
+  return isValid() ? textOf(*m_value) : std::string();
+}
 
-bool JBaseArray::isValid() const { return m_value != nullptr && m_value->IsArray(); }
+bool JBaseArray::isValid() const {
+  return m_value != nullptr && m_value->IsArray();
+}
 
-unsigned JBaseArray::size() const { return isValid() ? m_value->Size() : 0; }
+unsigned JBaseArray::size() const {
+  return isValid() ? m_value->Size() : 0;
+}
 
 std::vector<std::string> JStringArray::get() const {
   std::vector<std::string> strings;
@@ -107,42 +127,80 @@ std::vector<JObjectArrayWithProperties::Item> JObjectArrayWithProperties::get() 
   return items;
 }
 
-bool JBasePair::isValid() const { return m_value != nullptr && m_value->IsArray() && m_value->Size() == 2; }
+bool JBasePair::isValid() const {
+  return m_value != nullptr && m_value->IsArray() && m_value->Size() == 2;
+}
 
-Value const* JBasePair::firstValue() const { return JBasePair::isValid() ? &(*m_value)[0] : nullptr; }
+Value const* JBasePair::firstValue() const {
+  return JBasePair::isValid() ? &(*m_value)[0] : nullptr;
+}
 
-Value const* JBasePair::secondValue() const { return JBasePair::isValid() ? &(*m_value)[1] : nullptr; }
+Value const* JBasePair::secondValue() const {
+  return JBasePair::isValid() ? &(*m_value)[1] : nullptr;
+}
 
-bool JIntPair::isValid() const { return JBasePair::isValid() && (*m_value)[0].IsInt() && (*m_value)[1].IsInt(); }
+bool JIntPair::isValid() const {
+  return JBasePair::isValid() && (*m_value)[0].IsInt() && (*m_value)[1].IsInt();
+}
 
-int JIntPair::first() const { return isValid() ? (*m_value)[0].GetInt() : -1; }
+int JIntPair::first() const {
+  return isValid() ? (*m_value)[0].GetInt() : -1;
+}
 
-int JIntPair::second() const { return isValid() ? (*m_value)[1].GetInt() : -1; }
+int JIntPair::second() const {
+  return isValid() ? (*m_value)[1].GetInt() : -1;
+}
 
-bool JSrcInfoValue::isValid() const { return m_value != nullptr && !file().empty(); }
+bool JSrcInfoValue::isValid() const {
+  return m_value != nullptr && !file().empty();
+}
 
-std::string JSrcInfoValue::file() const { return m_value == nullptr ? std::string() : JString(*m_value, "file").get(); }
+std::string JSrcInfoValue::file() const {
+  return m_value == nullptr ? std::string() : JString(*m_value, "file").get();
+}
 
-int JSrcInfoValue::line() const { return m_value == nullptr ? 0 : JInt(*m_value, "line").get(0); }
+int JSrcInfoValue::line() const {
+  return m_value == nullptr ? 0 : JInt(*m_value, "line").get(0);
+}
 
-int JSrcInfoValue::column() const { return m_value == nullptr ? 0 : JInt(*m_value, "column").get(0); }
+int JSrcInfoValue::column() const {
+  return m_value == nullptr ? 0 : JInt(*m_value, "column").get(0);
+}
 
-JTileValue::JTileValue(Value const* value) : JBaseValue(value) { m_balanced = readPlace(value, m_spec); }
+JTileValue::JTileValue(Value const* value) : JBaseValue(value) {
+  m_balanced = readPlace(value, m_spec);
+}
 
-JTileValue::JTileValue(std::string const& text) : JBaseValue(nullptr) { m_balanced = readPlace(text, m_spec); }
+JTileValue::JTileValue(std::string const& text) : JBaseValue(nullptr) {
+  m_balanced = readPlace(text, m_spec);
+}
 
-bool JTileValue::isValid() const { return m_spec.isSpecified(); }
+bool JTileValue::isValid() const {
+  return m_spec.isSpecified();
+}
 
-JShimValue::JShimValue(Value const* value) : JBaseValue(value) { m_balanced = readPlace(value, m_spec); }
+JShimValue::JShimValue(Value const* value) : JBaseValue(value) {
+  m_balanced = readPlace(value, m_spec);
+}
 
-JShimValue::JShimValue(std::string const& text) : JBaseValue(nullptr) { m_balanced = readPlace(text, m_spec); }
+JShimValue::JShimValue(std::string const& text) : JBaseValue(nullptr) {
+  m_balanced = readPlace(text, m_spec);
+}
 
-bool JShimValue::isValid() const { return m_spec.isSpecified(); }
+bool JShimValue::isValid() const {
+  return m_spec.isSpecified();
+}
 
-JMemValue::JMemValue(Value const* value) : JBaseValue(value) { m_balanced = readPlace(value, m_spec); }
+JMemValue::JMemValue(Value const* value) : JBaseValue(value) {
+  m_balanced = readPlace(value, m_spec);
+}
 
-JMemValue::JMemValue(std::string const& text) : JBaseValue(nullptr) { m_balanced = readPlace(text, m_spec); }
+JMemValue::JMemValue(std::string const& text) : JBaseValue(nullptr) {
+  m_balanced = readPlace(text, m_spec);
+}
 
-bool JMemValue::isValid() const { return m_spec.isSpecified(); }
+bool JMemValue::isValid() const {
+  return m_spec.isSpecified();
+}
 
 }  // namespace json

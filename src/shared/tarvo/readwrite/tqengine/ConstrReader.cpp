@@ -38,7 +38,9 @@ bool endsWith(std::string const& textValue, std::string const& suffix) {
          textValue.compare(textValue.size() - suffix.size(), suffix.size(), suffix) == 0;
 }
 
-bool startsWith(std::string const& textValue, char const* prefix) { return textValue.rfind(prefix, 0) == 0; }
+bool startsWith(std::string const& textValue, char const* prefix) {
+  return textValue.rfind(prefix, 0) == 0;
+}
 
 // The section `key` of the root, if it is an object with members.
 JsonValue const* section(JsonValue const& root, char const* key) {
@@ -46,11 +48,17 @@ JsonValue const* section(JsonValue const& root, char const* key) {
   return found.isValid() && found.value()->IsObject() && found.value()->MemberCount() > 0 ? found.value() : nullptr;
 }
 
-int intMember(JsonValue const& object, char const* key) { return json::JInt(object, key).get(); }
+int intMember(JsonValue const& object, char const* key) {
+  return json::JInt(object, key).get();
+}
 
-std::string stringMember(JsonValue const& object, char const* key) { return json::JString(object, key).get(); }
+std::string stringMember(JsonValue const& object, char const* key) {
+  return json::JString(object, key).get();
+}
 
-bool trueMember(JsonValue const& object, char const* key) { return json::JBool(object, key).get(); }
+bool trueMember(JsonValue const& object, char const* key) {
+  return json::JBool(object, key).get();
+}
 
 Address readAddress(JsonValue const& object) {
   Address address;
@@ -69,9 +77,12 @@ struct RangeMessages {
 
 RangeMessages rangeMessages(PhysicalSpec::PhysicalType type) {
   switch (type) {
-    case PhysicalSpec::SHIM: return {"@75-595@%s%s%s", "@75-587@%s%s"};
-    case PhysicalSpec::MEM: return {"@75-748@%s%s%s", "@75-747@%s%s"};
-    default: return {"@75-596@%s%s%s", "@75-588@%s%s"};
+    case PhysicalSpec::SHIM:
+      return {"@75-595@%s%s%s", "@75-587@%s%s"};
+    case PhysicalSpec::MEM:
+      return {"@75-748@%s%s%s", "@75-747@%s%s"};
+    default:
+      return {"@75-596@%s%s%s", "@75-588@%s%s"};
   }
 }
 
@@ -86,9 +97,12 @@ PhysicalSpec placeFrom(Source const& source, bool& balanced) {
 template <class Source>
 PhysicalSpec rangePlace(Source const& source, PhysicalSpec::PhysicalType type, bool& balanced) {
   switch (type) {
-    case PhysicalSpec::SHIM: return placeFrom<json::JShimValue>(source, balanced);
-    case PhysicalSpec::MEM: return placeFrom<json::JMemValue>(source, balanced);
-    default: return placeFrom<json::JTileValue>(source, balanced);
+    case PhysicalSpec::SHIM:
+      return placeFrom<json::JShimValue>(source, balanced);
+    case PhysicalSpec::MEM:
+      return placeFrom<json::JMemValue>(source, balanced);
+    default:
+      return placeFrom<json::JTileValue>(source, balanced);
   }
 }
 
@@ -102,13 +116,17 @@ ConstrReader::ConstrReader(ConstrHandler& store, BaseNameResolver const& resolve
 
 ConstrReader::~ConstrReader() = default;
 
-void ConstrReader::setSchema(std::string const& file) { m_schemaOverride = file; }
+void ConstrReader::setSchema(std::string const& file) {
+  m_schemaOverride = file;
+}
 
 void ConstrReader::read(std::istream& in, std::string const& fileName, bool validate) {
   readStream(in, fileName, validate, Scope::Whole);
 }
 
-void ConstrReader::read(std::string const& fileName, bool validate) { readFile(fileName, validate, Scope::Whole); }
+void ConstrReader::read(std::string const& fileName, bool validate) {
+  readFile(fileName, validate, Scope::Whole);
+}
 
 void ConstrReader::readAreaGroupConstrs(std::istream& in, std::string const& fileName, bool validate) {
   readStream(in, fileName, validate, Scope::GlobalOnly);
@@ -305,8 +323,7 @@ void ConstrReader::readFifoRecords(JsonValue const& records) {
       JsonValue const& fields = record.value;
       m_store.addStreamFifoRecord(text(record.name, name),
                                   PhysicalSpec::toPhysicalSpecTileType(stringMember(fields, "tile_type")),
-                                  intMember(fields, "column"), intMember(fields, "row"),
-                                  intMember(fields, "channel"));
+                                  intMember(fields, "column"), intMember(fields, "row"), intMember(fields, "channel"));
     }
   }
 }
@@ -433,8 +450,8 @@ void ConstrReader::readPortLoc(std::string const& name, JsonValue const& value) 
   if (tileType.empty()) tileType = "shim";
   int const column = intMember(value, "column");
   if (column > -1)
-    m_store.setPortLocConstr(name, PhysicalSpec::toPhysicalSpecTileType(tileType), column,
-                             intMember(value, "row"), intMember(value, "channel"));
+    m_store.setPortLocConstr(name, PhysicalSpec::toPhysicalSpecTileType(tileType), column, intMember(value, "row"),
+                             intMember(value, "channel"));
 }
 
 void ConstrReader::readStreamChannel(std::string const& name, JsonValue const& value) {
@@ -475,7 +492,8 @@ bool ConstrReader::readAddresses(std::string const& name, std::string const& key
     return false;
   }
   addresses.assign(3, Address());
-  for (rapidjson::SizeType i = 0; i < value.Size(); ++i) addresses[i] = readAddress(value[i]);
+  for (rapidjson::SizeType i = 0; i < value.Size(); ++i)
+    addresses[i] = readAddress(value[i]);
   return true;
 }
 
@@ -566,7 +584,8 @@ void ConstrReader::readRelativeNodes(std::string const& name, JsonValue const& v
              positionOf(name, "relative_nodes"));
     std::vector<std::string> nodes(1, relative.node);
     m_resolver->resolveNodeNames(nodes);
-    for (std::string const& node : nodes) offsets[node] = HDPoint<int>(relative.x, relative.y);
+    for (std::string const& node : nodes)
+      offsets[node] = HDPoint<int>(relative.x, relative.y);
   }
   if (!offsets.empty()) m_store.addRelativeNodesConstr(BaseConstraint::NODE, name, offsets);
 }
@@ -582,7 +601,7 @@ void ConstrReader::readAreaGroup(JsonValue const& group) {
   m_store.addAreaGroupConstr(name, nodes, ranges, trueMember(group, "exclude"), trueMember(group, "issoft"),
                              trueMember(group, "contain_routing"), trueMember(group, "exclusive_routing"),
                              trueMember(group, "exclusive_placement"));
-  readGroupSource(m_store.getAreaGroupConstr(name), name, group);
+  readGroupSource(BaseConstraint::AREA_GROUP, name, group);
 }
 
 void ConstrReader::readInstGroup(JsonValue const& group) {
@@ -590,7 +609,7 @@ void ConstrReader::readInstGroup(JsonValue const& group) {
   std::vector<std::string> const nodes =
       readNames(json::JBaseValue(group, "nodeGroup").value(), &BaseNameResolver::resolveNodeNames);
   m_store.addInstGroupConstr(name, nodes, trueMember(group, "isisomorphic"));
-  readGroupSource(m_store.getInstGroupConstr(name), name, group);
+  readGroupSource(BaseConstraint::INST_GROUP, name, group);
 }
 
 void ConstrReader::readDependentRoutingGroup(JsonValue const& group) {
@@ -598,7 +617,7 @@ void ConstrReader::readDependentRoutingGroup(JsonValue const& group) {
   std::vector<std::string> const nodes =
       readNames(json::JBaseValue(group, "nodeGroup").value(), &BaseNameResolver::resolveNodeNames);
   m_store.addDependentRoutingGroupConstr(name, nodes);
-  readGroupSource(m_store.getDependentRoutingGroupConstr(name), name, group);
+  readGroupSource(BaseConstraint::DEPENDENT_ROUTING_GROUP, name, group);
 }
 
 void ConstrReader::readIsomorphicGraphGroup(JsonValue const& group) {
@@ -606,7 +625,7 @@ void ConstrReader::readIsomorphicGraphGroup(JsonValue const& group) {
   json::JBaseValue const graphs(group, "stampedGraphs");
   m_store.addIsomorphicGraphGroupConstr(name, stringMember(group, "referenceGraph"),
                                         json::JStringArray(graphs.value()).get());
-  readGroupSource(m_store.getIsomorphicGraphGroupConstr(name), name, group);
+  readGroupSource(BaseConstraint::ISOMORPHIC_GRAPH_GROUP, name, group);
 }
 
 void ConstrReader::readRanges(JsonValue const& group, std::string const& groupName, PhysicalSpec::PhysicalType type,
@@ -675,8 +694,11 @@ PhysicalSpec ConstrReader::readPlaceText(std::string const& piece, PhysicalSpec:
   return place;
 }
 
-// A group is found in the file by its name alone; a "srcInfo" member with a file wins.
-void ConstrReader::readGroupSource(BaseConstraint* group, std::string const& name, JsonValue const& object) {
+// A group is found in the file by its name alone; a "srcInfo" member with a file wins. The
+// store indexes a group under its name, so it is found by name and kind without a walk of
+// all constraints.
+void ConstrReader::readGroupSource(BaseConstraint::ConstrType kind, std::string const& name, JsonValue const& object) {
+  BaseConstraint* group = m_store.getConstr(name, kind);
   if (group == nullptr) return;
   setScannedSource(group->getSrcInfo(), scan(name, nullptr));
   json::JBaseValue const source(object, "srcInfo");
@@ -742,8 +764,10 @@ bool ConstrReader::announceScan() {
     case ConstrSourceScanner::State::CannotOpen:
       ComMsgMgr::sendMsg::eval(1, __FILE__, __LINE__, "tarvo", ComMsgMgr::MSG_WARNING, "@75-856@%s", m_fileName);
       return false;
-    case ConstrSourceScanner::State::Loaded: return true;
-    default: return false;
+    case ConstrSourceScanner::State::Loaded:
+      return true;
+    default:
+      return false;
   }
 }
 

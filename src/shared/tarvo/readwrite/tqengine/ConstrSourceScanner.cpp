@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
-#include <sstream>
 
 #include "HUTFile.h"
 
@@ -18,9 +16,13 @@ ConstrSourceScanner::State ConstrSourceScanner::load() {
   if (!HUTFile(m_fileName).isFile()) return m_state = State::NotRegularFile;
   std::ifstream in(m_fileName, std::ios_base::in | std::ios_base::binary);
   if (!in) return m_state = State::CannotOpen;
-  std::ostringstream text;
-  text << in.rdbuf();
-  m_text = text.str();
+  // Straight into the text, without a second copy at the peak.
+  in.seekg(0, std::ios_base::end);
+  std::streamoff const size = in.tellg();
+  in.seekg(0, std::ios_base::beg);
+  m_text.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
+  in.read(&m_text[0], static_cast<std::streamsize>(m_text.size()));
+  m_text.resize(static_cast<std::size_t>(in.gcount()));
   index();
   return m_state = State::Loaded;
 }
@@ -28,7 +30,8 @@ ConstrSourceScanner::State ConstrSourceScanner::load() {
 // Every match of a quoted text without quotes inside starts at a quote whose next quote on
 // the same line closes it, so indexing the text between each pair of neighbouring quotes
 // finds all matches that a line search would find.
-void ConstrSourceScanner::index() {
+template <typename Visit>
+void ConstrSourceScanner::forEachQuoted(Visit visit) const {
   std::uint32_t line = 1;
   std::size_t lineStart = 0;
   std::size_t openQuote = std::string::npos;
@@ -39,23 +42,38 @@ void ConstrSourceScanner::index() {
       lineStart = i + 1;
       openQuote = std::string::npos;
     } else if (c == '"') {
-      if (openQuote != std::string::npos) {
-        std::string_view const quoted(m_text.data() + openQuote + 1, i - openQuote - 1);
-        m_quoted[quoted].push_back({line, static_cast<std::uint32_t>(openQuote - lineStart + 1)});
-      }
+      if (openQuote != std::string::npos)
+        visit(std::string_view(m_text.data() + openQuote + 1, i - openQuote - 1), line,
+              static_cast<std::uint32_t>(openQuote - lineStart + 1));
       openQuote = i;
     }
   }
+}
+
+void ConstrSourceScanner::index() {
+  forEachQuoted([this](std::string_view text, std::uint32_t, std::uint32_t) { ++m_quoted[text].count; });
+  std::uint32_t begin = 0;
+  for (auto& entry : m_quoted) {
+    entry.second.begin = begin;
+    begin += entry.second.count;
+    entry.second.count = 0;
+  }
+  m_occurrences.resize(begin);
+  forEachQuoted([this](std::string_view text, std::uint32_t line, std::uint32_t column) {
+    Postings& postings = m_quoted.find(text)->second;
+    m_occurrences[postings.begin + postings.count++] = {line, column};
+  });
 }
 
 bool ConstrSourceScanner::findAfter(std::string const& text, std::uint32_t afterLine, Occurrence& found) const {
   if (text.find('"') != std::string::npos) return searchLines('"' + text + '"', afterLine, found);
   auto const entry = m_quoted.find(std::string_view(text));
   if (entry == m_quoted.end()) return false;
-  Occurrences const& all = entry->second;
-  auto const next = std::upper_bound(all.begin(), all.end(), afterLine,
-                                     [](std::uint32_t line, Occurrence const& o) { return line < o.line; });
-  if (next == all.end()) return false;
+  auto const first = m_occurrences.begin() + entry->second.begin;
+  auto const last = first + entry->second.count;
+  auto const next =
+      std::upper_bound(first, last, afterLine, [](std::uint32_t line, Occurrence const& o) { return line < o.line; });
+  if (next == last) return false;
   found = *next;
   return true;
 }
