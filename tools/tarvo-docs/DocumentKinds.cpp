@@ -10,8 +10,11 @@ std::vector<std::unique_ptr<DocumentKind>> const& documentKinds() {
     std::vector<std::unique_ptr<DocumentKind>> all;
     all.push_back(makeMetadataKind());
     all.push_back(makeConstraintKind());
+    all.push_back(makeLogicalArchKind());
     all.push_back(makeTrafficKind());
+    all.push_back(makeNocSolutionKind());
     all.push_back(makeCompilerSolutionKind());
+    all.push_back(makeNocConstraintsKind());
     return all;
   }();
   return kinds;

@@ -10,8 +10,11 @@ namespace tarvo_docs {
 // One factory per document kind, each defined in its own file of this folder.
 std::unique_ptr<DocumentKind> makeMetadataKind();
 std::unique_ptr<DocumentKind> makeConstraintKind();
+std::unique_ptr<DocumentKind> makeLogicalArchKind();
 std::unique_ptr<DocumentKind> makeTrafficKind();
+std::unique_ptr<DocumentKind> makeNocSolutionKind();
 std::unique_ptr<DocumentKind> makeCompilerSolutionKind();
+std::unique_ptr<DocumentKind> makeNocConstraintsKind();
 
 }  // namespace tarvo_docs
 
