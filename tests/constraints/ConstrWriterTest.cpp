@@ -5,6 +5,7 @@
 #include "BaseNameResolver.h"
 #include "ColocationConstraints.h"
 #include "ConstrHandler.h"
+#include "ConstrReader.h"
 #include "ConstrWriter.h"
 #include "GroupConstraints.h"
 #include "HEXAll.h"
@@ -363,4 +364,57 @@ TEST(ConstrSchemaTest, AcceptsHumanFormsAndRejectsWrongTypes) {
   EXPECT_FALSE(accepts(R"({"GlobalConstraints": {"instGroup": {"name": "a", "isisomorphic": "yes"}}})"));
   EXPECT_FALSE(accepts(R"({"isSoft": "true"})"));
   EXPECT_FALSE(accepts(R"({"NodeConstraint": {}})"));
+}
+
+TEST_F(ConstrWriterTest, WrittenDocumentReadsBackIntoAnEqualStore) {
+  fillEveryKind(store);
+  std::string const expected = tarvo_test::readFile(tarvo_test::dataPath("constraints/every_kind.json"));
+  ConstrHandler copy;
+  std::istringstream in(expected);
+  copy.read(in, "every_kind.json", BaseNameResolver());
+  std::ostringstream out;
+  ConstrWriter(copy).write(out, "again.json", true);
+  EXPECT_EQ(expected, out.str());
+  EXPECT_EQ(store.size(), copy.size());
+  copy.clear();
+}
+
+TEST_F(ConstrWriterTest, OnlySourcesReadFromSourceMembersAreWritten) {
+  store.setTileConstr("scanned", "t");
+  store.getTileConstr("scanned")->getSrcInfo().file = "c.json";
+  store.getTileConstr("scanned")->getSrcInfo().kind = SrcInfo::SCANNED;
+  store.setTileConstr("nofile", "t");
+  store.getTileConstr("nofile")->setSrcInfo(explicitSource("", 1, 1));
+  store.setAttrConstr(BaseConstraint::GLOBAL, "g", "hint", 1);
+  store.getAttrConstr("g", "hint")->setSrcInfo(explicitSource("c.json", 1, 1));
+  EXPECT_EQ(R"json({
+  "NodeConstraints": {
+    "scanned": {
+      "tile": {
+        "name": "t"
+      }
+    },
+    "nofile": {
+      "tile": {
+        "name": "t"
+      }
+    }
+  },
+  "GlobalConstraints": {
+    "hint": 1
+  }
+})json",
+            written());
+}
+
+TEST_F(ConstrWriterTest, FileThatCannotBeOpenedIsReported) {
+  store.setTileConstr("n", "t");
+  tarvo_test::TempDir dir;
+  std::string const file = dir.file("missing_dir/c.json");
+  try {
+    ConstrWriter(store).write(file, true);
+    FAIL() << "a file in a missing directory was written";
+  } catch (HEXAll const& error) {
+    EXPECT_EQ("75-573(" + file + ") file=" + file, raised(error));
+  }
 }

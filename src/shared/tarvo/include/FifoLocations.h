@@ -53,6 +53,7 @@ class DmaFifoRecord final : public FifoLocationsRecord {
 
   void write(JsonDocument& document, std::string const& name, JsonValue& value) const override;
   FifoLocationsRecord* clone() const override;
+  using FifoLocationsRecord::equals;
   bool equals(DmaFifoRecord const& other) const;
 
   PhysicalSpec const& getPhysicalSpec() const { return m_spec; }
@@ -73,6 +74,7 @@ class StreamFifoRecord final : public FifoLocationsRecord {
 
   void write(JsonDocument& document, std::string const& name, JsonValue& value) const override;
   FifoLocationsRecord* clone() const override;
+  using FifoLocationsRecord::equals;
   bool equals(StreamFifoRecord const& other) const;
 
   PhysicalSpec const& getPhysicalSpec() const { return m_spec; }
