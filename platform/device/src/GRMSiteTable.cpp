@@ -1,5 +1,6 @@
 #include "GRMSiteTable.h"
 
+#include <functional>
 #include <mutex>
 
 #include "HEXAlgException.h"
@@ -56,13 +57,21 @@ GRMSiteTable::GRMSiteTable(std::vector<HDARShimTile> const& shimRow) {
     if (tile.column < 0 || static_cast<std::uint32_t>(tile.column) > GRMBel::kMaxColumn)
       throw HEXAlgException("GRMSiteTable::GRMSiteTable() - column of tile '" + tile.name + "' out of range");
     for (HDARShimSite const& site : tile.sites) {
-      std::uint32_t const index = static_cast<std::uint32_t>(m_sites.size());
-      std::string name = tile.name + "/" + site.name;
-      if (!m_byName.emplace(name, index).second)
-        throw HEXAlgException("GRMSiteTable::GRMSiteTable() - site '" + name + "' appears twice");
-      m_sites.push_back(Site{std::move(name), site.column >= 0 ? site.column : tile.column, site.channel});
+      m_sites.push_back(Site{tile.name + "/" + site.name, site.column >= 0 ? site.column : tile.column, site.channel});
       m_columns.push_back(static_cast<std::uint32_t>(tile.column));
     }
+  }
+  std::size_t size = 16;
+  while (size < 2 * m_sites.size())
+    size *= 2;
+  m_table.assign(size, kNone);
+  m_hashes.assign(size, 0);
+  m_mask = size - 1;
+  for (std::uint32_t site = 0; site < m_sites.size(); ++site) {
+    if (lookUp(m_sites[site].hierarchicalName) != kNone)
+      throw HEXAlgException("GRMSiteTable::GRMSiteTable() - site '" + m_sites[site].hierarchicalName +
+                            "' appears twice");
+    index(site);
   }
   m_slot = SiteRegistry::instance().add(this);
 }
@@ -71,10 +80,26 @@ GRMSiteTable::~GRMSiteTable() {
   SiteRegistry::instance().remove(m_slot);
 }
 
+void GRMSiteTable::index(std::uint32_t site) {
+  std::size_t const hash = std::hash<std::string>()(m_sites[site].hierarchicalName);
+  std::size_t at = hash & m_mask;
+  while (m_table[at] != kNone)
+    at = (at + 1) & m_mask;
+  m_table[at] = site;
+  m_hashes[at] = static_cast<std::uint32_t>(hash);
+}
+
+std::uint32_t GRMSiteTable::lookUp(std::string const& name) const {
+  std::size_t const hash = std::hash<std::string>()(name);
+  for (std::size_t at = hash & m_mask; m_table[at] != kNone; at = (at + 1) & m_mask)
+    if (m_hashes[at] == static_cast<std::uint32_t>(hash) && m_sites[m_table[at]].hierarchicalName == name)
+      return m_table[at];
+  return kNone;
+}
+
 GRMBel GRMSiteTable::find(std::string const& hierarchicalName) const {
-  auto const found = m_byName.find(hierarchicalName);
-  if (found == m_byName.end()) return GRMBel();
-  return GRMBel(found->second, m_columns[found->second], m_slot);
+  std::uint32_t const site = lookUp(hierarchicalName);
+  return site != kNone ? GRMBel(site, m_columns[site], m_slot) : GRMBel();
 }
 
 GRMSiteTable::Site const* GRMSiteTable::site(GRMBel const& bel) const {

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "GRMBel.h"
@@ -34,10 +33,20 @@ class GRMSiteTable {
   static std::string hierarchicalName(GRMBel const& bel);
 
  private:
+  // Open addressing over the site indices: a device has tens of thousands of sites and
+  // every site of a document is looked up by name, so the index is kept flat.
+  void index(std::uint32_t site);
+  // The site of that name, or kNone.
+  std::uint32_t lookUp(std::string const& name) const;
+
+  static constexpr std::uint32_t kNone = 0xFFFFFFFFu;
+
   std::uint32_t m_slot;
   std::vector<Site> m_sites;
   std::vector<std::uint32_t> m_columns;
-  std::unordered_map<std::string, std::uint32_t> m_byName;
+  std::vector<std::uint32_t> m_table;   // site index or kNone
+  std::vector<std::uint32_t> m_hashes;  // the low bits of each entry's hash, to skip most compares
+  std::size_t m_mask = 0;
 };
 
 #endif

@@ -31,10 +31,11 @@ std::vector<GRMBel> KPEShimPortSites::placedSites(Tarvo::Frameworks::TQLogicalPo
   return sites;
 }
 
-std::string KPEShimPortSites::channelForParity(std::vector<std::string> const& channelNames, bool odd) {
+std::string const& KPEShimPortSites::channelForParity(std::vector<std::string> const& channelNames, bool odd) {
+  static std::string const none;
   if (channelNames.size() == 1) return channelNames.front();
   char const* const mark = odd ? "<1>_INST" : "<0>_INST";
   for (std::string const& name : channelNames)
     if (HSTStrUtils::contains(name.c_str(), mark) != nullptr) return name;
-  return std::string();
+  return none;
 }

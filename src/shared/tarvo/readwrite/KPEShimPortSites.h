@@ -35,7 +35,7 @@ class KPEShimPortSites {
                                          KPEShimInterfaceSolution const& solution);
   // The channel of a port for an even or odd channel index: the only name if there is one,
   // otherwise the first that holds "<0>_INST" (even) or "<1>_INST" (odd); empty if none.
-  static std::string channelForParity(std::vector<std::string> const& channelNames, bool odd);
+  static std::string const& channelForParity(std::vector<std::string> const& channelNames, bool odd);
 };
 
 #endif

@@ -1,6 +1,7 @@
 #include "TQCompilerSolutionReaderJSON.h"
 
 #include <istream>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -52,11 +53,19 @@ class TQCompilerSolutionReaderJSON::PlacementReader {
 
  private:
   // The first instance whose full name contains the document's name: the writer shortens
-  // names by the prefix, so an exact comparison would miss.
-  TQLogicalArchLInst const* findInstance(std::string const& name) const {
+  // names by the prefix, so an exact comparison would miss. Remembered by name, since every
+  // port of an instance names it again.
+  TQLogicalArchLInst const* findInstance(std::string const& name) {
+    auto const known = m_instanceByName.find(name);
+    if (known != m_instanceByName.end()) return known->second;
+    TQLogicalArchLInst const* found = nullptr;
     for (TQLogicalTQIPInstance const* instance : m_instances)
-      if (HSTStrUtils::contains(instance->getName().c_str(), name.c_str()) != nullptr) return instance;
-    return nullptr;
+      if (HSTStrUtils::contains(instance->getName().c_str(), name.c_str()) != nullptr) {
+        found = instance;
+        break;
+      }
+    m_instanceByName.emplace(name, found);
+    return found;
   }
 
   // The first port of that name in port order, by an index made on the instance's first use.
@@ -75,17 +84,19 @@ class TQCompilerSolutionReaderJSON::PlacementReader {
     if (site.isBad()) return;
     int const channel = KPEGRMDeviceUtils::getIndexOfChanInShim(m_part, site);
     bool const odd = (channel & 1) != 0;
-    std::string const channelName = KPEShimPortSites::channelForParity(port.getTqChannelFullHierNames(), odd);
+    std::string const& channelName = KPEShimPortSites::channelForParity(port.getTqChannelFullHierNames(), odd);
     HrdIPToolCntr::TrafficLInst const* instance = KPEShimPortSites::logicalInstance(m_traffic, channelName);
     if (instance != nullptr) m_solution.addPlacement(instance, site);
   }
 
-  typedef std::unordered_map<std::string, TQLogicalPort const*> PortIndex;
+  // Keys point into the ports' own names, which stay put while the model is only read.
+  typedef std::unordered_map<std::string_view, TQLogicalPort const*> PortIndex;
 
   HDARPart const& m_part;
   HrdIPToolCntr::TrafficSpec const& m_traffic;
   KPEShimInterfaceSolution& m_solution;
   std::vector<TQLogicalTQIPInstance const*> m_instances;
+  std::unordered_map<std::string, TQLogicalArchLInst const*> m_instanceByName;
   std::unordered_map<TQLogicalArchLInst const*, PortIndex> m_ports;
 };
 

@@ -25,30 +25,37 @@ std::string documentInstanceName(std::string name, std::string const& instancePr
   return name;
 }
 
+// Builds placement objects. Keys are constants and are referenced, not copied: a solution
+// of ten thousands of ports has six keys a site.
 class PlacementBuilder {
  public:
   PlacementBuilder(HDARPart const& part, Json::Allocator& alloc) : m_part(part), m_alloc(alloc) {}
 
   Value placement(std::string const& instanceName, std::string const& portName, std::vector<GRMBel> const& sites) {
     Value logical(rapidjson::kObjectType);
-    Json::AddStringProperty(logical, "InstanceName", instanceName, m_alloc);
-    Json::AddStringProperty(logical, "PortName", portName, m_alloc);
+    logical.AddMember("InstanceName", text(instanceName), m_alloc);
+    logical.AddMember("PortName", text(portName), m_alloc);
     Value physical(rapidjson::kArrayType);
+    physical.Reserve(static_cast<rapidjson::SizeType>(sites.size()), m_alloc);
     for (GRMBel const& site : sites)
       physical.PushBack(siteObject(site), m_alloc);
     Value object(rapidjson::kObjectType);
     object.AddMember("LogicalInstance", logical, m_alloc);
     object.AddMember("PhysicalInstance", physical, m_alloc);
-    Json::AddBooleanProperty(object, "IsSoft", false, m_alloc);
+    object.AddMember("IsSoft", false, m_alloc);
     return object;
   }
 
  private:
+  Value text(std::string const& value) {
+    return Value(value.data(), static_cast<rapidjson::SizeType>(value.size()), m_alloc);
+  }
+
   Value siteObject(GRMBel const& site) {
     Value object(rapidjson::kObjectType);
-    Json::AddStringProperty(object, "name", KPEGRMDeviceUtils::getHierName(m_part, site), m_alloc);
-    Json::AddIntegrProperty(object, "column", KPEGRMDeviceUtils::getShimColumn(m_part, site), m_alloc);
-    Json::AddIntegrProperty(object, "channel", KPEGRMDeviceUtils::getIndexOfChanInShim(m_part, site), m_alloc);
+    object.AddMember("name", text(KPEGRMDeviceUtils::getHierName(m_part, site)), m_alloc);
+    object.AddMember("column", KPEGRMDeviceUtils::getShimColumn(m_part, site), m_alloc);
+    object.AddMember("channel", KPEGRMDeviceUtils::getIndexOfChanInShim(m_part, site), m_alloc);
     return object;
   }
 
@@ -70,14 +77,17 @@ bool TQCompilerSolutionWriterJSON::writeToJsonFile(std::string const& instancePr
   model.getTQIPInstances(instances);
   for (TQLogicalTQIPInstance const* instance : instances) {
     if (!HSTStrUtils::startsWith(instance->getName(), instancePrefix)) continue;
+    std::string const instanceName = documentInstanceName(instance->getName(), instancePrefix);
     for (TQLogicalPort const* port : instance->getPorts()) {
       if (port == nullptr) continue;
       std::vector<GRMBel> const sites = KPEShimPortSites::placedSites(*port, traffic, solution);
       if (sites.empty()) continue;
-      TQLogicalArchLInst const* parent = port->getParentInstance() ? port->getParentInstance() : instance;
-      placements.PushBack(
-          builder.placement(documentInstanceName(parent->getName(), instancePrefix), port->getName(), sites),
-          doc.GetAllocator());
+      TQLogicalArchLInst const* parent = port->getParentInstance();
+      placements.PushBack(builder.placement(parent == nullptr || parent == instance
+                                                ? instanceName
+                                                : documentInstanceName(parent->getName(), instancePrefix),
+                                            port->getName(), sites),
+                          doc.GetAllocator());
     }
   }
   if (placements.Empty()) return true;
