@@ -9,12 +9,18 @@ namespace HrdIPToolCntr {
 
 class TrafficPath;
 
-// One direction of traffic of a path, which the NoC routes on its own. Made and owned by its
-// path.
+// One direction of traffic of a path, which the NoC routes on its own. Made and owned by the
+// specification of its path.
 class TrafficNet {
  public:
   enum NetType { READ = 0, WRITE = 1, READ_REQ = 2, WRITE_RESP = 3 };
 
+  // Only the specification makes nets; the key lets it do so in place in its store.
+  class Key {
+    friend class TrafficSpec;
+    Key() = default;
+  };
+  TrafficNet(Key, std::size_t id, NetType type, TrafficPath const* path) : m_id(id), m_type(type), m_path(path) {}
   TrafficNet(TrafficNet const&) = delete;
   TrafficNet& operator=(TrafficNet const&) = delete;
 
@@ -27,9 +33,6 @@ class TrafficNet {
   PerfSpec getPerfSpec() const;
 
  private:
-  friend class TrafficPath;
-  TrafficNet(std::size_t id, NetType type, TrafficPath const* path) : m_id(id), m_type(type), m_path(path) {}
-
   std::size_t m_id;
   NetType m_type;
   TrafficPath const* m_path;

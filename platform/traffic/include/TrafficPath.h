@@ -23,6 +23,13 @@ class TrafficSpec;
 // no values for runs at its defaults. Made and owned by its TrafficSpec.
 class TrafficPath {
  public:
+  // Only the specification makes paths; the key lets it do so in place in its store.
+  class Key {
+    friend class TrafficSpec;
+    Key() = default;
+  };
+  TrafficPath(Key, std::size_t index, TrafficSpec& spec, TrafficLInst const* master, TrafficLInst const* slave,
+              std::size_t firstNet, int netCount);
   TrafficPath(TrafficPath const&) = delete;
   TrafficPath& operator=(TrafficPath const&) = delete;
   ~TrafficPath();
@@ -32,8 +39,9 @@ class TrafficPath {
   TrafficLInst const* getMaster() const { return m_master; }
   TrafficLInst const* getSlave() const { return m_slave; }
 
-  int getNumNets() const { return static_cast<int>(m_nets.size()); }
-  TrafficNet const* getNet(int index) const { return m_nets.at(static_cast<std::size_t>(index)).get(); }
+  int getNumNets() const { return m_netCount; }
+  // Throws std::out_of_range for an index that is no net of the path.
+  TrafficNet const* getNet(int index) const;
 
   void setSlavePort(DevHrdIP::Definitions::PORT_TYPE port) { m_slavePort = port; }
   DevHrdIP::Definitions::PORT_TYPE getSlavePort() const { return m_slavePort; }
@@ -60,8 +68,8 @@ class TrafficPath {
   uint16_t getReadAvgBurst(std::string const& phase) const { return readPhase(phase).avgBurst; }
   uint16_t getWriteAvgBurst(std::string const& phase) const { return writePhase(phase).avgBurst; }
   // True when the path has read (write) values for a phase besides its defaults.
-  bool hasMultipleReadPhases() const { return !m_readPhases.empty(); }
-  bool hasMultipleWritePhases() const { return !m_writePhases.empty(); }
+  bool hasMultipleReadPhases() const { return m_phases && !m_phases->read.empty(); }
+  bool hasMultipleWritePhases() const { return m_phases && !m_phases->write.empty(); }
 
   void setExclusiveGroup(std::string const& group) { m_exclusiveGroup = group; }
   std::string const& getExclusiveGroup() const { return m_exclusiveGroup; }
@@ -88,30 +96,37 @@ class TrafficPath {
   int phase = 0;
 
  private:
-  friend class TrafficSpec;
   struct PhaseValues {
     PerfSpec perf;
     uint16_t avgBurst = 0;
   };
+  // Few paths have phases of their own; they keep them apart.
+  struct NamedPhases {
+    std::map<std::string, PhaseValues> read;
+    std::map<std::string, PhaseValues> write;
+  };
 
-  TrafficPath(std::size_t index, TrafficSpec& spec, TrafficLInst const* master, TrafficLInst const* slave,
-              std::size_t firstNetId);
   // The values of a named phase, or the defaults for a phase the path does not name.
   PhaseValues const& readPhase(std::string const& phase) const;
   PhaseValues const& writePhase(std::string const& phase) const;
-  PhaseValues& namedPhase(std::map<std::string, PhaseValues>& phases, PhaseValues& defaults, std::string const& phase);
+  PhaseValues& namedReadPhase(std::string const& phase);
+  PhaseValues& namedWritePhase(std::string const& phase);
+  static PhaseValues const& find(std::map<std::string, PhaseValues> const* phases, PhaseValues const& defaults,
+                                 std::string const& phase);
+  static PhaseValues& findOrAdd(std::map<std::string, PhaseValues>& phases, PhaseValues& defaults,
+                                std::string const& phase);
 
   std::size_t m_index;
   TrafficSpec& m_spec;
   TrafficLInst const* m_master;
   TrafficLInst const* m_slave;
-  std::vector<std::unique_ptr<TrafficNet>> m_nets;
+  std::size_t m_firstNet;
+  int m_netCount;
   DevHrdIP::Definitions::PORT_TYPE m_slavePort = DevHrdIP::Definitions::PORT_INVALID;
   DevHrdIP::Definitions::Write_Order m_woc = DevHrdIP::Definitions::WO_INVALID;
   PhaseValues m_defaultRead;
   PhaseValues m_defaultWrite;
-  std::map<std::string, PhaseValues> m_readPhases;
-  std::map<std::string, PhaseValues> m_writePhases;
+  std::unique_ptr<NamedPhases> m_phases;
   std::string m_exclusiveGroup;
   std::string m_separateRoutingGroup;
   bool m_isExistDestIdIndex = false;

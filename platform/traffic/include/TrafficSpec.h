@@ -1,6 +1,7 @@
 #ifndef TRAFFICSPEC_H
 #define TRAFFICSPEC_H
 
+#include <deque>
 #include <map>
 #include <memory>
 #include <set>
@@ -59,9 +60,10 @@ class TrafficSpec {
   // memory-mapped master, one write net for a streaming master.
   TrafficPath* addPath(TrafficLInst* master, TrafficLInst* slave);
   int getNumPaths() const { return static_cast<int>(m_paths.size()); }
-  TrafficPath const* getPath(int index) const { return m_paths.at(static_cast<std::size_t>(index)).get(); }
-  TrafficPath* getPath(int index) { return m_paths.at(static_cast<std::size_t>(index)).get(); }
+  TrafficPath const* getPath(int index) const { return &m_paths.at(static_cast<std::size_t>(index)); }
+  TrafficPath* getPath(int index) { return &m_paths.at(static_cast<std::size_t>(index)); }
   // The nets of all paths from `master` to `slave`, in path order; empty if either is null.
+  // Indexes the paths made since the last call first.
   std::vector<TrafficNet const*> getNets(TrafficLInst const* master, TrafficLInst const* slave) const;
 
   std::set<std::string> getAllPhaseGroups() const;
@@ -111,10 +113,14 @@ class TrafficSpec {
   NameIndex m_kpeInstances;
   NameIndex m_mastersByExternalConn;
   NameIndex m_slavesByExternalConn;
-  std::vector<std::unique_ptr<TrafficPath>> m_paths;
-  std::unordered_map<std::pair<TrafficLInst const*, TrafficLInst const*>, std::vector<TrafficPath const*>, PairHash>
+  // Paths and nets are many: they lie in chunks, not one allocation each.
+  std::deque<TrafficPath> m_paths;
+  std::deque<TrafficNet> m_nets;
+  // Paths by their ends, for getNets only, so that filling the specification need not keep it.
+  mutable std::unordered_map<std::pair<TrafficLInst const*, TrafficLInst const*>, std::vector<TrafficPath const*>,
+                             PairHash>
       m_pathsByEnds;
-  std::size_t m_netCount = 0;
+  mutable std::size_t m_indexedPaths = 0;
   std::map<std::string, std::set<std::string>> m_phaseGroups;
   int m_frequency = 0;
   bool m_userSetFrequency = false;

@@ -64,14 +64,24 @@ void TrafficSpec::addPortTypeForMC(TrafficLInst* instance, PORT_TYPE port) {
 }
 
 TrafficPath* TrafficSpec::addPath(TrafficLInst* master, TrafficLInst* slave) {
-  m_paths.emplace_back(new TrafficPath(m_paths.size(), *this, master, slave, m_netCount));
-  TrafficPath* path = m_paths.back().get();
-  m_netCount += static_cast<std::size_t>(path->getNumNets());
-  m_pathsByEnds[{master, slave}].push_back(path);
+  static TrafficNet::NetType const kMemoryMappedNets[] = {TrafficNet::READ, TrafficNet::WRITE, TrafficNet::READ_REQ,
+                                                          TrafficNet::WRITE_RESP};
+  static TrafficNet::NetType const kStreamingNets[] = {TrafficNet::WRITE};
+  bool const memoryMapped = master->getProtocol() == AXI_MM;
+  TrafficNet::NetType const* types = memoryMapped ? kMemoryMappedNets : kStreamingNets;
+  int const netCount = memoryMapped ? 4 : 1;
+  m_paths.emplace_back(TrafficPath::Key(), m_paths.size(), *this, master, slave, m_nets.size(), netCount);
+  TrafficPath* path = &m_paths.back();
+  for (int i = 0; i < netCount; ++i)
+    m_nets.emplace_back(TrafficNet::Key(), m_nets.size(), types[i], path);
   return path;
 }
 
 std::vector<TrafficNet const*> TrafficSpec::getNets(TrafficLInst const* master, TrafficLInst const* slave) const {
+  for (; m_indexedPaths < m_paths.size(); ++m_indexedPaths) {
+    TrafficPath const& path = m_paths[m_indexedPaths];
+    m_pathsByEnds[{path.getMaster(), path.getSlave()}].push_back(&path);
+  }
   std::vector<TrafficNet const*> nets;
   if (master == nullptr || slave == nullptr) return nets;
   auto const found = m_pathsByEnds.find({master, slave});
@@ -110,8 +120,8 @@ bool TrafficSpec::hasErrorSlave() const {
 void TrafficSpec::addErrorSlaveAndRoutes() {
   std::vector<TrafficLInst*> const instances = m_instanceList;
   std::set<TrafficLInst const*> highPriorityMasters;
-  for (auto const& path : m_paths) {
-    if (path->getHighPriorityRouting()) highPriorityMasters.insert(path->getMaster());
+  for (TrafficPath const& path : m_paths) {
+    if (path.getHighPriorityRouting()) highPriorityMasters.insert(path.getMaster());
   }
   TrafficLInst* errorSlave = addErrorSlave(getErrorSlaveName());
   TrafficLInst* errorSlaveHp = highPriorityMasters.empty() ? nullptr : addErrorSlave(getErrorSlaveName_hp());

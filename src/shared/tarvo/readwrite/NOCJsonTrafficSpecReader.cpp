@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <istream>
+#include <string_view>
 #include <unordered_map>
 
 #include "HCRapidJsonReadWriteUtils.h"
@@ -62,6 +63,13 @@ Value const* objectMember(Value const& object, char const* key) {
   return value != nullptr && value->IsObject() ? value : nullptr;
 }
 
+// The member's text as it lies in the document, empty when it is no string.
+std::string_view stringView(Value const& object, char const* key) {
+  Value const* value = member(object, key);
+  return value != nullptr && value->IsString() ? std::string_view(value->GetString(), value->GetStringLength())
+                                               : std::string_view();
+}
+
 std::string stringValue(Value const& value) {
   return value.IsString() ? std::string(value.GetString(), value.GetStringLength()) : std::string();
 }
@@ -102,6 +110,7 @@ class TrafficDocumentReader {
       : m_fileName(fileName), m_resolver(resolver), m_spec(spec) {}
 
   void readInstances(Value const& instances) {
+    m_instances.reserve(instances.Size());
     for (Value const& instance : instances.GetArray()) {
       if (instance.IsObject()) readInstance(instance);
     }
@@ -127,18 +136,28 @@ class TrafficDocumentReader {
   void readPhaseGroups(Value const& object, TrafficPath& path);
   // The netlist name of an instance that is not virtual; empty when the resolver knows none.
   std::string netlistInstanceName(std::string const& name);
-  std::string const& knownNetlistName(std::string const& name, char const* unknownText);
+  // An instance named in the document: its netlist name, and what the specification finds
+  // under that name, looked up once, when a path first names it.
+  struct DocumentInstance {
+    std::string netlistName;
+    bool looked = false;
+    TrafficLInst* master = nullptr;
+    TrafficLInst* slave = nullptr;
+  };
+  DocumentInstance& knownInstance(std::string_view name, char const* unknownText);
   TrafficLInst::ExternalConns netlistExternalConns(std::string const& text);
 
   std::string const& m_fileName;
   HIPLogicalObjectNameResolverInterface& m_resolver;
   TrafficSpec& m_spec;
-  // Document name to netlist name, so that paths do not ask the resolver again.
-  std::unordered_map<std::string, std::string> m_netlistNames;
+  // By document name, viewing the names in the document, so that paths ask neither the
+  // resolver nor the specification again.
+  std::unordered_map<std::string_view, DocumentInstance> m_instances;
 };
 
 void TrafficDocumentReader::readInstance(Value const& object) {
-  std::string const name = Json::GetStringProperty(object, "Name");
+  std::string_view const nameInDocument = stringView(object, "Name");
+  std::string const name(nameInDocument);
   bool const isMaster = Json::GetBooleanProperty(object, "IsMaster");
   std::string const compTypeText = Json::GetStringProperty(object, "CompType");
   bool const firewall = Json::GetBooleanProperty(object, "Firewall");
@@ -152,7 +171,7 @@ void TrafficDocumentReader::readInstance(Value const& object) {
   std::string const netlistName = isVirtual ? m_resolver.toNetlistName(name) : netlistInstanceName(name);
   if (netlistName.empty() && (isVirtual || !isErrorSlaveName(name)))
     Json::errorParsingJsonFile(m_fileName, "Could not find netlist instance for traffic spec instance: " + name);
-  m_netlistNames[name] = netlistName;
+  m_instances[nameInDocument] = DocumentInstance{netlistName};
 
   TrafficLInst::ExternalConns const conns = netlistExternalConns(Json::GetStringProperty(object, "ExternalConn"));
   TrafficLInst& instance = *m_spec.addLogicalInstance(netlistName, protocol, compType, conns);
@@ -241,15 +260,15 @@ void TrafficDocumentReader::readDestId(Value const& object, TrafficLInst& instan
 
 void TrafficDocumentReader::readPath(Value const& object) {
   int const phase = Json::GetIntegrProperty(object, "Phase");
-  std::string const& from = knownNetlistName(Json::GetStringProperty(object, "From"), "Path 'from' name is unknown: ");
-  std::string const& to = knownNetlistName(Json::GetStringProperty(object, "To"), "Path 'to' name is unknown: ");
+  DocumentInstance& from = knownInstance(stringView(object, "From"), "Path 'from' name is unknown: ");
+  DocumentInstance& to = knownInstance(stringView(object, "To"), "Path 'to' name is unknown: ");
   std::string const portText = Json::GetStringProperty(object, "Port");
   bool const hasDestIdIndex = Json::IsIntegrProperty(object, "DestIdIndex");
   bool const initialBoot = Json::GetBooleanProperty(object, "InitialBoot");
 
   // A path from a slave or to a master is no path of this specification.
-  TrafficLInst* master = m_spec.getLogicalMaster(from);
-  TrafficLInst* slave = m_spec.getLogicalSlave(to);
+  TrafficLInst* master = from.master;
+  TrafficLInst* slave = to.slave;
   if (master == nullptr || slave == nullptr) return;
   TrafficPath& path = *m_spec.addPath(master, slave);
   path.phase = phase;
@@ -351,10 +370,18 @@ std::string TrafficDocumentReader::netlistInstanceName(std::string const& name) 
   return isErrorSlaveName(name) ? m_resolver.toNetlistName(name) : m_resolver.toNetlistInstance(name);
 }
 
-std::string const& TrafficDocumentReader::knownNetlistName(std::string const& name, char const* unknownText) {
-  auto const found = m_netlistNames.find(name);
-  if (found == m_netlistNames.end()) Json::errorParsingJsonFile(m_fileName, unknownText + name);
-  return found->second;
+TrafficDocumentReader::DocumentInstance& TrafficDocumentReader::knownInstance(std::string_view name,
+                                                                              char const* unknownText) {
+  auto const found = m_instances.find(name);
+  if (found == m_instances.end()) Json::errorParsingJsonFile(m_fileName, unknownText + std::string(name));
+  DocumentInstance& instance = found->second;
+  // Paths add no instances, so the look-ups give the same answer for every path.
+  if (!instance.looked) {
+    instance.master = m_spec.getLogicalMaster(instance.netlistName);
+    instance.slave = m_spec.getLogicalSlave(instance.netlistName);
+    instance.looked = true;
+  }
+  return instance;
 }
 
 TrafficLInst::ExternalConns TrafficDocumentReader::netlistExternalConns(std::string const& text) {
