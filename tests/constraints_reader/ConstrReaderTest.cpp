@@ -9,6 +9,7 @@
 #include "ColocationConstraints.h"
 #include "ConstrHandler.h"
 #include "ConstrReader.h"
+#include "ConstrWriter.h"
 #include "GroupConstraints.h"
 #include "HEXAlgException.h"
 #include "HEXAll.h"
@@ -318,6 +319,16 @@ TEST_F(ConstrReaderTest, ToolGeneratedDocumentsGoToTheChildStoreOfTheirHardness)
     EXPECT_EQ("8-100", error.getMessage().getId());
   }
 
+  // "isSoft" counts only as the JSON value true.
+  tarvo_test::TempDir dir;
+  std::string const hardFile = dir.file("hard.json");
+  tarvo_test::writeFile(hardFile,
+                        "{ \"isToolGenerated\": true, \"isSoft\": \"yes\", \"NodeConstraints\": "
+                        "{ \"h\": { \"margin\": 1 } } }");
+  reader.read(hardFile, false);
+  EXPECT_NE(nullptr, parent.hard.getAttrConstr("h", "margin"));
+  EXPECT_EQ(nullptr, parent.soft.getAttrConstr("h", "margin"));
+
   // Without child stores such a document is read as any other.
   ConstrReader plain(store);
   plain.setSchema(schema);
@@ -398,4 +409,40 @@ TEST_F(ConstrReaderTest, FailuresLeaveByExceptionWithTheirMessages) {
   std::istringstream array("[]");
   EXPECT_EQ("75-571|array.json|#|type|#", failureOf([&] { reader.read(array, "array.json", true); }));
   EXPECT_TRUE(store.empty());
+
+  // The installed schema types the tile's column; without validation the text is no column.
+  std::string const wrongType = "{ \"NodeConstraints\": { \"n\": { \"tile\": { \"column\": \"3\" } } } }";
+  ConstrReader installed(store);
+  std::istringstream checked(wrongType);
+  try {
+    installed.read(checked, "typed.json", true);
+    FAIL() << "a text where the schema wants an integer fails validation";
+  } catch (HEXAll const& error) {
+    ComMsgMgrInstance const& message = error.getMessage();
+    ASSERT_EQ(4u, message.getArgs().size());
+    EXPECT_EQ("75-571", message.getId());
+    EXPECT_EQ("typed.json", message.getArgs()[0]);
+    EXPECT_EQ('#', message.getArgs()[1].front());
+    EXPECT_EQ("type", message.getArgs()[2]);
+    EXPECT_EQ("#/NodeConstraints/n/tile/column", message.getArgs()[3]);
+    ASSERT_EQ(1u, message.getMetaTypes().size());
+    EXPECT_EQ(ComMsgMgr::META_FILE, message.getMetaTypes()[0].type);
+  }
+  std::istringstream unchecked(wrongType);
+  installed.read(unchecked, "typed.json", false);
+  EXPECT_TRUE(store.empty());
+}
+
+// The human forms, read with the installed schema and written back: the written document is
+// the writer's forms of the same constraints, and reading it again changes nothing.
+TEST_F(ConstrReaderTest, HumanFormsReadBackAsTheWritersForms) {
+  std::string const expected = tarvo_test::readFile(documentPath("human_forms.written.json"));
+  for (char const* name : {"human_forms.json", "human_forms.written.json"}) {
+    ConstrHandler read;
+    ConstrReader(read).read(documentPath(name), true);
+    std::ostringstream written;
+    ConstrWriter(read).write(written, "written.json", true);
+    read.clear();
+    EXPECT_EQ(expected, written.str()) << name;
+  }
 }
