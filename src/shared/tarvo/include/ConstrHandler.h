@@ -248,7 +248,7 @@ class ConstrHandler {
   template <class T>
   T* findInBucket(std::string const& objName) const;
   template <class T>
-  T* findGroup(std::string const& name) const;
+  T* findGroup(ConstrType type, std::string const& name) const;
   template <class T>
   T* findOrCreate(ConstrType type, ObjectType objType, std::string const& objName);
   template <class T>

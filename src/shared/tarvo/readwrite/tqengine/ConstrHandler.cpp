@@ -291,9 +291,14 @@ T* ConstrHandler::findInBucket(std::string const& objName) const {
   return nullptr;
 }
 
+// The type field is tested first so that the walk over a large list stays cheap; an entry
+// of class T always carries T's type.
 template <class T>
-T* ConstrHandler::findGroup(std::string const& name) const {
+T* ConstrHandler::findGroup(ConstrType type, std::string const& name) const {
   for (BaseConstraint* constraint : m_constrs) {
+    if (constraint->getType() != type) {
+      continue;
+    }
     T* group = dynamic_cast<T*>(constraint);
     if (group != nullptr && group->getName() == name) {
       return group;
@@ -342,16 +347,16 @@ FifoLocationsConstr* ConstrHandler::getFifoLocationsConstr(std::string const& ob
   return findInBucket<FifoLocationsConstr>(objName);
 }
 AreaGroupConstr* ConstrHandler::getAreaGroupConstr(std::string const& name) const {
-  return findGroup<AreaGroupConstr>(name);
+  return findGroup<AreaGroupConstr>(BaseConstraint::AREA_GROUP, name);
 }
 InstGroupConstr* ConstrHandler::getInstGroupConstr(std::string const& name) const {
-  return findGroup<InstGroupConstr>(name);
+  return findGroup<InstGroupConstr>(BaseConstraint::INST_GROUP, name);
 }
 DependentRoutingGroupConstr* ConstrHandler::getDependentRoutingGroupConstr(std::string const& name) const {
-  return findGroup<DependentRoutingGroupConstr>(name);
+  return findGroup<DependentRoutingGroupConstr>(BaseConstraint::DEPENDENT_ROUTING_GROUP, name);
 }
 IsomorphicGraphGroupConstr* ConstrHandler::getIsomorphicGraphGroupConstr(std::string const& name) const {
-  return findGroup<IsomorphicGraphGroupConstr>(name);
+  return findGroup<IsomorphicGraphGroupConstr>(BaseConstraint::ISOMORPHIC_GRAPH_GROUP, name);
 }
 
 AttrConstr* ConstrHandler::getAttrConstr(std::string const& objName, std::string const& attrName) const {
@@ -531,7 +536,7 @@ T* ConstrHandler::findOrCreate(ConstrType type, ObjectType objType, std::string 
 template <class T>
 T* ConstrHandler::findOrCreateGroup(ConstrType type, std::string const& name, bool& created) {
   created = false;
-  if (T* found = findGroup<T>(name)) {
+  if (T* found = findGroup<T>(type, name)) {
     return found;
   }
   created = true;
