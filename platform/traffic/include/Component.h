@@ -30,6 +30,10 @@ class Component {
   bool hasPorts() const { return !m_ports.empty(); }
   // The links that leave this component, in the order they were added.
   std::vector<Link const*> const& getOutgoingLinks() const { return m_outgoingLinks; }
+  // The link from the named port of this component to the named port of another; null if
+  // there is none.
+  Link const* getOutgoingLink(std::string const& srcPort, std::string const& dstComponent,
+                              std::string const& dstPort) const;
 
  private:
   friend class NOCModel;

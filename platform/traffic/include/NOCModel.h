@@ -45,8 +45,6 @@ class NOCModel {
 
  private:
   Component* enter(std::unique_ptr<Component> component);
-  static Link const* findOutgoing(Component const& src, std::string const& srcPort, std::string const& dstComponent,
-                                  std::string const& dstPort);
 
   std::vector<std::unique_ptr<Component>> m_components;
   std::vector<std::unique_ptr<Link>> m_links;

@@ -22,7 +22,7 @@ Component* NOCModel::addPortComponent(Component* parent, std::string const& name
 
 Link* NOCModel::addLink(Component* src, std::string const& srcPort, Component* dst, std::string const& dstPort,
                         unsigned latency) {
-  if (findOutgoing(*src, srcPort, dst->getName(), dstPort) != nullptr) return nullptr;
+  if (src->getOutgoingLink(srcPort, dst->getName(), dstPort) != nullptr) return nullptr;
   m_links.emplace_back(new Link(src, srcPort, dst, dstPort, latency));
   Link* link = m_links.back().get();
   src->m_outgoingLinks.push_back(link);
@@ -42,24 +42,13 @@ Component* NOCModel::getComponent(std::string const& name) {
 Link const* NOCModel::getLinkBetween(std::string const& srcComponent, std::string const& srcPort,
                                      std::string const& dstComponent, std::string const& dstPort) const {
   Component const* src = getComponent(srcComponent);
-  return src == nullptr ? nullptr : findOutgoing(*src, srcPort, dstComponent, dstPort);
+  return src == nullptr ? nullptr : src->getOutgoingLink(srcPort, dstComponent, dstPort);
 }
 
 Component* NOCModel::enter(std::unique_ptr<Component> component) {
   if (!m_byName.emplace(component->getName(), component.get()).second) return nullptr;
   m_components.push_back(std::move(component));
   return m_components.back().get();
-}
-
-// A component has a handful of outgoing links, so a scan beats building a key of four names.
-Link const* NOCModel::findOutgoing(Component const& src, std::string const& srcPort, std::string const& dstComponent,
-                                   std::string const& dstPort) {
-  for (Link const* link : src.getOutgoingLinks()) {
-    if (link->getSrcPortName() == srcPort && link->getDstPortName() == dstPort &&
-        link->getDstComponent()->getName() == dstComponent)
-      return link;
-  }
-  return nullptr;
 }
 
 }  // namespace DevHrdIP

@@ -181,7 +181,7 @@ class SolutionDocumentReader {
     for (rapidjson::SizeType i = 0; i < count; i += 4) {
       for (rapidjson::SizeType k = 0; k < 4; ++k)
         assignText((*connections)[i + k], m_quad[k]);
-      Link const* link = m_noc ? m_noc->getLinkBetween(m_quad[0], m_quad[1], m_quad[2], m_quad[3]) : nullptr;
+      Link const* link = findLink(route.empty() ? nullptr : route.back());
       if (link == nullptr)
         throw std::runtime_error("No Connection between " + m_quad[0] + " " + m_quad[1] + " to " + m_quad[2] + " " +
                                  m_quad[3] + "\nDevice Model version mismatch!" +
@@ -189,6 +189,14 @@ class SolutionDocumentReader {
       route.push_back(link);
     }
     return route;
+  }
+
+  // The link between the ports that m_quad names. A route mostly goes on from where the last
+  // link ended, and then that component need not be looked up by name.
+  Link const* findLink(Link const* previous) const {
+    if (previous != nullptr && previous->getDstComponent()->getName() == m_quad[0])
+      return previous->getDstComponent()->getOutgoingLink(m_quad[1], m_quad[2], m_quad[3]);
+    return m_noc ? m_noc->getLinkBetween(m_quad[0], m_quad[1], m_quad[2], m_quad[3]) : nullptr;
   }
 
   // Reuses the string's storage: a large solution names millions of ports.

@@ -2,10 +2,10 @@
 
 #include <ostream>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "CompRes.h"
-#include "HCRapidJsonReadWriteUtils.h"
 #include "HIPLogicalObjectNameResolverInterface.h"
 #include "JsonDocumentFrame.h"
 #include "NOCJsonEnumTexts.h"
@@ -24,7 +24,6 @@ using HrdIPToolCntr::TrafficNet;
 using HrdIPToolCntr::TrafficPath;
 using HrdIPToolCntr::TrafficSpec;
 
-typedef HCRapidJsonReadWriteUtils Json;
 typedef JsonDocumentFrame::Value Value;
 typedef JsonDocumentFrame::Document::AllocatorType Allocator;
 typedef NOCSolutionDocumentKeys Keys;
@@ -48,8 +47,15 @@ bool isMemoryController(COMP_TYPE type) {
   }
 }
 
-Value stringValue(std::string const& text, Allocator& alloc) {
-  return Value(text.data(), static_cast<rapidjson::SizeType>(text.size()), alloc);
+// Keys, enumeration texts and the device's names outlive the document, which lives only
+// for the call: they are referenced, not copied, which saves a large solution millions of
+// copies. Names made for the document are copied.
+Value ref(std::string const& text) {
+  return Value(rapidjson::StringRef(text.data(), text.size()));
+}
+
+Value ref(char const* text) {
+  return Value(rapidjson::StringRef(text));
 }
 
 // One writing of one document.
@@ -62,44 +68,47 @@ class SolutionDocumentWriter {
 
   void buildDocument(Value& root) {
     std::vector<TrafficPath const*> const selected = selectPaths();
-    Json::AddStringProperty(root, Keys::solutionType, Keys::solutionTypeText(m_result.getSolutionState()), m_alloc);
-    Json::AddBooleanProperty(root, Keys::lockAllDestIds, m_result.hasLockedDestIdsForAllComps(), m_alloc);
+    add(root, Keys::solutionType, ref(Keys::solutionTypeText(m_result.getSolutionState())));
+    add(root, Keys::lockAllDestIds, Value(m_result.hasLockedDestIdsForAllComps()));
     Value paths(rapidjson::kArrayType);
     paths.Reserve(static_cast<rapidjson::SizeType>(selected.size()), m_alloc);
     for (TrafficPath const* path : selected)
       paths.PushBack(pathObject(*path), m_alloc);
-    addMember(root, Keys::paths, paths);
+    add(root, Keys::paths, std::move(paths));
     Value components(rapidjson::kArrayType);
     if (m_result.getDevice().getNOCModel() != nullptr)
       for (Component const* component : m_result.getDevice().getNOCModel()->getAllTopLevelComponents())
         addComponentEntries(*component, components);
-    addMember(root, Keys::components, components);
+    add(root, Keys::components, std::move(components));
   }
 
  private:
-  void addMember(Value& object, std::string const& key, Value& value) {
-    object.AddMember(rapidjson::StringRef(key.data(), static_cast<rapidjson::SizeType>(key.size())), value, m_alloc);
+  void add(Value& object, std::string const& key, Value&& value) {
+    object.AddMember(rapidjson::StringRef(key.data(), key.size()), value, m_alloc);
+  }
+
+  Value copy(std::string const& text) {
+    return Value(text.data(), static_cast<rapidjson::SizeType>(text.size()), m_alloc);
   }
 
   // The paths of routed nets in the order of their first routed net, as far as the filter
   // accepts both ends and the net belongs to the specification.
   std::vector<TrafficPath const*> selectPaths() const {
-    std::unordered_set<TrafficNet const*> specNets;
-    for (int p = 0; p < m_spec.getNumPaths(); ++p) {
-      TrafficPath const* path = m_spec.getPath(p);
-      for (int n = 0; n < path->getNumNets(); ++n)
-        specNets.insert(path->getNet(n));
-    }
     std::vector<TrafficPath const*> selected;
     std::unordered_set<TrafficPath const*> seen;
     for (auto const& routed : m_result.getRoutes()) {
-      TrafficNet const* net = routed.first;
-      if (specNets.count(net) == 0) continue;
-      TrafficPath const* path = net->getPath();
+      TrafficPath const* path = routed.first->getPath();
+      if (!belongsToSpec(*path)) continue;
       if (!m_filter(path->getMaster()) || !m_filter(path->getSlave())) continue;
       if (seen.insert(path).second) selected.push_back(path);
     }
     return selected;
+  }
+
+  // A path knows its place in its specification, so no set of all nets is needed.
+  bool belongsToSpec(TrafficPath const& path) const {
+    int const index = static_cast<int>(path.getIndex());
+    return index < m_spec.getNumPaths() && m_spec.getPath(index) == &path;
   }
 
   // The first external connection name that stands for itself in the design, translated.
@@ -136,24 +145,25 @@ class SolutionDocumentWriter {
     int const writeAchievedBW = writeAchieved ? static_cast<int>(writeAchieved->bandwidth) : -1;
 
     Value object(rapidjson::kObjectType);
-    Json::AddIntegrProperty(object, Keys::phase, path.phase, m_alloc);
-    Json::AddStringProperty(object, Keys::from, masterName(*path.getMaster()), m_alloc);
-    Json::AddBooleanProperty(object, Keys::fromLocked, m_result.isLogicalInstLocked(path.getMaster()), m_alloc);
-    Json::AddStringProperty(object, Keys::to, slaveName(*path.getSlave()), m_alloc);
-    Json::AddBooleanProperty(object, Keys::toLocked, m_result.isLogicalInstLocked(path.getSlave()), m_alloc);
-    Json::AddStringProperty(object, Keys::port, portTypeToText(path.getSlavePort()), m_alloc);
-    Json::AddStringProperty(object, Keys::readTC, trafficClassToText(static_cast<int>(read.trafficClass)), m_alloc);
-    Json::AddStringProperty(object, Keys::writeTC, trafficClassToText(static_cast<int>(write.trafficClass)), m_alloc);
-    Json::AddIntegrProperty(object, Keys::readBW, static_cast<int>(read.bandwidth), m_alloc);
-    Json::AddIntegrProperty(object, Keys::writeBW, static_cast<int>(write.bandwidth), m_alloc);
-    Json::AddIntegrProperty(object, Keys::readAchievedBW, readAchievedBW, m_alloc);
-    Json::AddIntegrProperty(object, Keys::writeAchievedBW, writeAchievedBW, m_alloc);
-    Json::AddIntegrProperty(object, Keys::readLatency, static_cast<int>(read.latency), m_alloc);
-    Json::AddIntegrProperty(object, Keys::writeLatency, static_cast<int>(write.latency), m_alloc);
-    Json::AddIntegrProperty(object, Keys::readBestPossibleLatency, static_cast<int>(read.latency), m_alloc);
-    Json::AddIntegrProperty(object, Keys::writeBestPossibleLatency, static_cast<int>(write.latency), m_alloc);
-    Json::AddBooleanProperty(object, Keys::pathLocked, m_result.isLocked(&path), m_alloc);
+    add(object, Keys::phase, Value(path.phase));
+    add(object, Keys::from, copy(masterName(*path.getMaster())));
+    add(object, Keys::fromLocked, Value(m_result.isLogicalInstLocked(path.getMaster())));
+    add(object, Keys::to, copy(slaveName(*path.getSlave())));
+    add(object, Keys::toLocked, Value(m_result.isLogicalInstLocked(path.getSlave())));
+    add(object, Keys::port, ref(portTypeToText(path.getSlavePort())));
+    add(object, Keys::readTC, ref(trafficClassToText(static_cast<int>(read.trafficClass))));
+    add(object, Keys::writeTC, ref(trafficClassToText(static_cast<int>(write.trafficClass))));
+    add(object, Keys::readBW, Value(static_cast<int>(read.bandwidth)));
+    add(object, Keys::writeBW, Value(static_cast<int>(write.bandwidth)));
+    add(object, Keys::readAchievedBW, Value(readAchievedBW));
+    add(object, Keys::writeAchievedBW, Value(writeAchievedBW));
+    add(object, Keys::readLatency, Value(static_cast<int>(read.latency)));
+    add(object, Keys::writeLatency, Value(static_cast<int>(write.latency)));
+    add(object, Keys::readBestPossibleLatency, Value(static_cast<int>(read.latency)));
+    add(object, Keys::writeBestPossibleLatency, Value(static_cast<int>(write.latency)));
+    add(object, Keys::pathLocked, Value(m_result.isLocked(&path)));
     Value nets(rapidjson::kArrayType);
+    nets.Reserve(static_cast<rapidjson::SizeType>(path.getNumNets()), m_alloc);
     for (int n = 0; n < path.getNumNets(); ++n) {
       TrafficNet const* net = path.getNet(n);
       Route const* route = m_result.getRouteForNet(net);
@@ -161,7 +171,7 @@ class SolutionDocumentWriter {
       if (route == nullptr || route->getLinks().size() < 2) continue;
       nets.PushBack(netObject(*net, *route), m_alloc);
     }
-    addMember(object, Keys::nets, nets);
+    add(object, Keys::nets, std::move(nets));
     return object;
   }
 
@@ -169,23 +179,23 @@ class SolutionDocumentWriter {
     std::vector<Link const*> const& links = route.getLinks();
     PerfSpec const required = net.getPerfSpec();
     Value object(rapidjson::kObjectType);
-    Json::AddStringProperty(object, Keys::phyInstanceStart, links.front()->getSrcComponent()->getName(), m_alloc);
-    Json::AddStringProperty(object, Keys::phyInstanceEnd, links.back()->getDstComponent()->getName(), m_alloc);
-    Json::AddIntegrProperty(object, Keys::vc, route.getVC(), m_alloc);
-    Json::AddStringProperty(object, Keys::commType, Keys::commTypeText(net.getType()), m_alloc);
+    add(object, Keys::phyInstanceStart, ref(links.front()->getSrcComponent()->getName()));
+    add(object, Keys::phyInstanceEnd, ref(links.back()->getDstComponent()->getName()));
+    add(object, Keys::vc, Value(static_cast<int>(route.getVC())));
+    add(object, Keys::commType, ref(Keys::commTypeText(net.getType())));
     Value connections(rapidjson::kArrayType);
     connections.Reserve(static_cast<rapidjson::SizeType>(4 * links.size()), m_alloc);
     for (Link const* link : links) {
-      connections.PushBack(stringValue(link->getSrcComponent()->getName(), m_alloc), m_alloc);
-      connections.PushBack(stringValue(link->getSrcPortName(), m_alloc), m_alloc);
-      connections.PushBack(stringValue(link->getDstComponent()->getName(), m_alloc), m_alloc);
-      connections.PushBack(stringValue(link->getDstPortName(), m_alloc), m_alloc);
+      connections.PushBack(ref(link->getSrcComponent()->getName()), m_alloc);
+      connections.PushBack(ref(link->getSrcPortName()), m_alloc);
+      connections.PushBack(ref(link->getDstComponent()->getName()), m_alloc);
+      connections.PushBack(ref(link->getDstPortName()), m_alloc);
     }
-    addMember(object, Keys::connections, connections);
-    Json::AddIntegrProperty(object, Keys::requiredBW, static_cast<int>(required.bandwidth), m_alloc);
-    Json::AddIntegrProperty(object, Keys::achievedBW, static_cast<int>(route.getAchievedBW()), m_alloc);
-    Json::AddIntegrProperty(object, Keys::requiredLatency, static_cast<int>(required.latency), m_alloc);
-    Json::AddIntegrProperty(object, Keys::achievedLatency, static_cast<int>(route.getStructLatency()), m_alloc);
+    add(object, Keys::connections, std::move(connections));
+    add(object, Keys::requiredBW, Value(static_cast<int>(required.bandwidth)));
+    add(object, Keys::achievedBW, Value(static_cast<int>(route.getAchievedBW())));
+    add(object, Keys::requiredLatency, Value(static_cast<int>(required.latency)));
+    add(object, Keys::achievedLatency, Value(static_cast<int>(route.getStructLatency())));
     return object;
   }
 
@@ -199,10 +209,10 @@ class SolutionDocumentWriter {
     for (std::size_t index = 0; index < targets.size(); ++index) {
       if (!m_result.hasDestIdForComponent(targets[index])) continue;
       Value object(rapidjson::kObjectType);
-      Json::AddStringProperty(object, Keys::name, component.getName(), m_alloc);
-      if (instance != nullptr) Json::AddStringProperty(object, Keys::trafficLInst, slaveName(*instance), m_alloc);
-      Json::AddIntegrProperty(object, Keys::destId, m_result.getDestIdForComponent(targets[index]).getValue(), m_alloc);
-      if (memoryController) Json::AddIntegrProperty(object, Keys::portIndex, static_cast<int>(index), m_alloc);
+      add(object, Keys::name, ref(component.getName()));
+      if (instance != nullptr) add(object, Keys::trafficLInst, copy(slaveName(*instance)));
+      add(object, Keys::destId, Value(static_cast<int>(m_result.getDestIdForComponent(targets[index]).getValue())));
+      if (memoryController) add(object, Keys::portIndex, Value(static_cast<int>(index)));
       entries.PushBack(object, m_alloc);
     }
   }
