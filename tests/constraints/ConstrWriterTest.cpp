@@ -418,3 +418,51 @@ TEST_F(ConstrWriterTest, FileThatCannotBeOpenedIsReported) {
     EXPECT_EQ("75-573(" + file + ") file=" + file, raised(error));
   }
 }
+
+namespace {
+
+// Document names: nodes get "N.", ports "P.".
+class PrefixResolver : public BaseNameResolver {
+ public:
+  std::string getDocumentNodeName(std::string const& name) const override { return "N." + name; }
+  std::string getDocumentPortName(std::string const& name) const override { return "P." + name; }
+};
+
+}  // namespace
+
+TEST_F(ConstrWriterTest, NodeListsTakeNodeNamesAndPortListsPortNames) {
+  typedef BaseConstraint B;
+  store.setColocatedPortsConstr(B::PORT, "p", {"q"}, false);
+  store.setColocatedDmaConstr(B::PORT, "p", {"r"});
+  store.setColocatedNodesConstr(B::PORT, "p", {"n"}, true);
+  store.getColocatedNodesConstr("p")->setNotColocatedSoftNode("n", true);
+  store.setColocatedMemoriesConstr(B::PORT, "p", {"m"}, false);
+  store.setFifoLocationsConstr(B::PORT, "p", {"rec"});
+  store.setAttrConstr(B::PORT, "p", "label", "x");
+  store.setRelativeNodesConstr(B::NODE, "a", {{"b", HDPoint<int>(-9999, 3)}, {"c", HDPoint<int>(-9999, -9999)}});
+  PrefixResolver resolver;
+  std::ostringstream out;
+  ConstrWriter(store, resolver).write(out, "out.json", true);
+  EXPECT_EQ(R"json({
+  "NodeConstraints": {
+    "N.a": {
+      "relative_nodes": ["N.b:(Y=3)"]
+    }
+  },
+  "PortConstraints": {
+    "P.p": {
+      "colocated_ports": ["P.q"],
+      "colocated_dma": ["P.r"],
+      "not_colocated_nodes": [{
+          "N.n": {
+            "issoft": true
+          }
+        }],
+      "colocated_reserved_memories": ["N.m"],
+      "fifo_locations": ["rec"],
+      "label": "x"
+    }
+  }
+})json",
+            out.str());
+}

@@ -240,3 +240,77 @@ TEST_F(ConstraintKindsTest, AttributeNamesBecomeCanonical) {
   EXPECT_EQ(" attr(n)=(false)", store.getAttrConstr("n", "flag")->str());
   EXPECT_EQ(AttrConstr::BOOL, store.getAttrConstr("n", "flag")->getAttrType());
 }
+
+namespace {
+
+// Ports "p" stand for "p.a" and "p.b" in lists; "x" has no counterpart.
+class PortSplitter : public BaseNameResolver {
+ public:
+  PortSplitter() { quiet = true; }
+  std::string resolvePortName(std::string const& name) const override { return name == "x" ? "" : name; }
+
+ protected:
+  void resolvePortPattern(std::string const& name, std::vector<std::string>& out) const override {
+    if (name == "p") {
+      out.insert(out.end(), {"p.a", "p.b"});
+    } else {
+      BaseNameResolver::resolvePortPattern(name, out);
+    }
+  }
+};
+
+}  // namespace
+
+TEST_F(ConstraintKindsTest, PortListsCloneThroughThePortResolver) {
+  store.setColocatedPortsConstr(B::PORT, "o", {"p", "x"}, false);
+  store.getColocatedPortsConstr("o")->setColocatedSoftPort("p", true);
+  store.setColocatedPortsConstr(B::PORT, "o", {"x"}, true);
+  store.addExclusiveColocatedPortsConstr(B::PORT, "o", {"q"});
+  store.getColocatedPortsConstr("o")->setExclusiveColocatedSoftPort("q", true);
+  store.setColocatedDmaConstr(B::PORT, "o", {"p"});
+  store.setColocatedDmaConstr(B::PORT, "d", {"x"});
+  PortSplitter resolver;
+  target.copy(store, resolver);
+
+  ColocatedPortsConstr const* ports = target.getColocatedPortsConstr("o");
+  ASSERT_NE(nullptr, ports);
+  EXPECT_EQ(" rel(o,colocated_ports)=(p.a,p.b,) rel(o,exclusive_colocated_ports)=(q,)", ports->str());
+  EXPECT_EQ((Strings{"p.a", "p.b"}), ports->getColocatedSoftPorts());
+  EXPECT_EQ(Strings{"q"}, ports->getExclusiveColocatedSoftPorts());
+  EXPECT_EQ(" rel(o,colocated_dma)=(p.a,p.b,)", target.getColocatedDmaConstr("o")->str());
+  EXPECT_EQ(nullptr, target.getColocatedDmaConstr("d"));
+  EXPECT_EQ(2u, target.size());
+}
+
+TEST_F(ConstraintKindsTest, PlacesAreCompleteOnlyWithTheirChannel) {
+  store.setShimConstr("s", 1, -1);
+  store.setPortLocConstr("p", "shim_a", -1);
+  store.setStreamChannelConstr("abs", 1, 2, 0, "");
+  store.setStreamChannelConstr("rel", 0, 1, "East");
+  EXPECT_FALSE(store.getShimConstr("s")->isValid());
+  EXPECT_FALSE(store.getPortLocConstr("p")->isValid());
+  EXPECT_FALSE(store.getStreamChannelConstr("abs")->isValid());
+  EXPECT_TRUE(store.getStreamChannelConstr("rel")->isValid());
+  store.setShimConstr("s", 1, 0);
+  store.setPortLocConstr("p", "shim_a", 4);
+  store.setStreamChannelConstr("abs", 1, 2, 0, "north");
+  EXPECT_TRUE(store.getShimConstr("s")->isValid());
+  EXPECT_TRUE(store.getPortLocConstr("p")->isValid());
+  EXPECT_TRUE(store.getStreamChannelConstr("abs")->isValid());
+  EXPECT_EQ(" abs(p,shim)=(-1,4)", store.getPortLocConstr("p")->str());
+
+  store.setAttrConstr(B::NODE, "n", "label", "text");
+  EXPECT_EQ(AttrConstr::STRING, store.getAttrConstr("n", "label")->getAttrType());
+  ConstrHandler::ConstrList out;
+  store.getConstrs("abs", B::STREAM_CHANNEL, out);
+  EXPECT_EQ(1u, out.size());
+  store.getConstrs("abs", B::TILE, out);
+  EXPECT_TRUE(out.empty());
+
+  testing::internal::CaptureStdout();
+  store.dump();
+  EXPECT_EQ(
+      " abs(s,shim)=(1,0)\n abs(p,shim)=(-1,4)\n stream_chan(abs)=Absolute:(1,2,0,North)\n"
+      " stream_chan(rel)=Relative:(0,1,East)\n attr(n)=(text)\n",
+      testing::internal::GetCapturedStdout());
+}
