@@ -17,8 +17,9 @@ function(tarvo_library target)
   endforeach()
   add_library(${target} SHARED ${sources})
   add_library(tarvo::${ARG_EXPORT_NAME} ALIAS ${target})
+  # Installed libraries find each other beside themselves, wherever the prefix is.
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${ARG_EXPORT_NAME}
-    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "$ORIGIN")
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${ARG_INCLUDE_DIR}>
     $<INSTALL_INTERFACE:${TARVO_INSTALL_INCLUDEDIR}>)
