@@ -16,6 +16,7 @@
 #include <sstream>
 
 #include "JsonDocumentFrame.h"
+#include "JsonForwardingHandler.h"
 
 namespace tarvo_bench {
 
@@ -68,37 +69,6 @@ double floorReadSeconds(std::string const& text, std::string const& schemaPath, 
   });
 }
 
-namespace {
-
-// Forwards to the pretty writer. The sub-validators of anyOf, oneOf and the like make their
-// own default handler, which must do nothing: a default PrettyWriter has no stream.
-class ForwardingHandler {
- public:
-  typedef rapidjson::PrettyWriter<rapidjson::StringBuffer> Target;
-  typedef char Ch;
-  ForwardingHandler() = default;
-  explicit ForwardingHandler(Target& target) : m_target(&target) {}
-  bool Null() { return !m_target || m_target->Null(); }
-  bool Bool(bool b) { return !m_target || m_target->Bool(b); }
-  bool Int(int i) { return !m_target || m_target->Int(i); }
-  bool Uint(unsigned u) { return !m_target || m_target->Uint(u); }
-  bool Int64(int64_t i) { return !m_target || m_target->Int64(i); }
-  bool Uint64(uint64_t u) { return !m_target || m_target->Uint64(u); }
-  bool Double(double d) { return !m_target || m_target->Double(d); }
-  bool RawNumber(Ch const* s, rapidjson::SizeType n, bool c) { return !m_target || m_target->RawNumber(s, n, c); }
-  bool String(Ch const* s, rapidjson::SizeType n, bool c) { return !m_target || m_target->String(s, n, c); }
-  bool StartObject() { return !m_target || m_target->StartObject(); }
-  bool Key(Ch const* s, rapidjson::SizeType n, bool c) { return !m_target || m_target->Key(s, n, c); }
-  bool EndObject(rapidjson::SizeType n) { return !m_target || m_target->EndObject(n); }
-  bool StartArray() { return !m_target || m_target->StartArray(); }
-  bool EndArray(rapidjson::SizeType n) { return !m_target || m_target->EndArray(n); }
-
- private:
-  Target* m_target = nullptr;
-};
-
-}  // namespace
-
 double floorWriteSeconds(rapidjson::Value const& doc, std::string const& schemaPath, int runs) {
   auto const schema = schemaOf(schemaPath);
   return fastest(runs, [&] {
@@ -106,8 +76,9 @@ double floorWriteSeconds(rapidjson::Value const& doc, std::string const& schemaP
     rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(buffer);
     writer.SetIndent(' ', 2);
     if (schema) {
-      ForwardingHandler forward(writer);
-      rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, ForwardingHandler> validator(*schema, forward);
+      typedef JsonForwardingHandler<rapidjson::PrettyWriter<rapidjson::StringBuffer>> Forward;
+      Forward forward(&writer);
+      rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, Forward> validator(*schema, forward);
       benchmark::DoNotOptimize(doc.Accept(validator));
     } else {
       doc.Accept(writer);

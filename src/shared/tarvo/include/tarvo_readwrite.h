@@ -67,6 +67,7 @@
 #include "GroupConstraints.h"
 #include "HIPLogicalObjectNameResolverInterface.h"
 #include "JsonDocumentFrame.h"
+#include "JsonForwardingHandler.h"
 #include "KPEGRMDeviceUtils.h"
 #include "KPEPrjMetaDataModel.h"
 #include "KPEPrjStrEncoder.h"
