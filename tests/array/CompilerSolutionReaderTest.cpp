@@ -133,6 +133,9 @@ TEST_F(CompilerSolutionReaderTest, FailuresNameTheFileAndThePlace) {
             }));
   EXPECT_EQ("ERROR: [tarvo 8-101] Failed to parse JSON file 'text.json': #/Placement/0/LogicalInstance",
             failure([&] { readText(R"({"Placement": [{"LogicalInstance": {"InstanceName": "kpe"}}]})"); }));
+  // A key that isn't valid UTF-8 is named byte by byte.
+  EXPECT_EQ("ERROR: [tarvo 8-101] Failed to parse JSON file 'text.json': #/Placement/0/Logical~1%EB",
+            failure([&] { readText("{\"Placement\": [{\"Logical/\xEB\": {}}]}"); }));
   std::istringstream failed("{}");
   failed.setstate(std::ios_base::failbit);
   EXPECT_EQ(

@@ -3,6 +3,7 @@
 
 #include <rapidjson/document.h>
 #include <rapidjson/error/error.h>
+#include <rapidjson/pointer.h>
 
 #include <string>
 #include <vector>
@@ -59,6 +60,11 @@ class HCRapidJsonReadWriteUtils {
   static std::string GetErrorMsgFromDocument(Document const& doc);
   // "<parser text> at line L, column C" for a parse through ParseStream.
   static std::string GetErrorMsgFromParse(rapidjson::ParseResult const& result, HCJsonInputStream const& in);
+
+  // "#/a/0": a pointer as a URI fragment, in RapidJSON's form. RapidJSON's own writing reads
+  // past the end of a key that isn't valid UTF-8; here such bytes are percent-encoded one
+  // by one.
+  static std::string GetUriFragment(rapidjson::Pointer const& pointer);
 
   [[noreturn]] static void errorReadingJsonFile(std::string const& file);
   [[noreturn]] static void errorReadingSchemaFile(std::string const& file);

@@ -92,10 +92,11 @@ std::string parseErrorText(rapidjson::ParseErrorCode code) {
   throw HEXAll(message);
 }
 
-std::string uriFragment(rapidjson::Pointer const& pointer) {
-  rapidjson::StringBuffer text;
-  pointer.StringifyUriFragment(text);
-  return text.GetString();
+std::string uriFragment(rapidjson::Pointer const& pointer) { return HCRapidJsonReadWriteUtils::GetUriFragment(pointer); }
+
+bool isUnreserved(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-' || c == '.' ||
+         c == '_' || c == '~';
 }
 
 // Reads and parses a schema-like file, reporting failures as schema failures.
@@ -251,6 +252,31 @@ std::string HCRapidJsonReadWriteUtils::GetErrorMsgFromParse(rapidjson::ParseResu
   HCJsonInputStream::Position const where = in.positionOf(result.Offset());
   return "line " + std::to_string(where.line) + ", column " + std::to_string(where.column) + ": " +
          parseErrorText(result.Code());
+}
+
+std::string HCRapidJsonReadWriteUtils::GetUriFragment(rapidjson::Pointer const& pointer) {
+  static char const* const hexDigits = "0123456789ABCDEF";
+  std::string text = "#";
+  for (rapidjson::Pointer::Token const* token = pointer.GetTokens();
+       token != pointer.GetTokens() + pointer.GetTokenCount(); ++token) {
+    text += '/';
+    for (rapidjson::SizeType i = 0; i < token->length; ++i) {
+      char const c = token->name[i];
+      if (c == '~') {
+        text += "~0";
+      } else if (c == '/') {
+        text += "~1";
+      } else if (isUnreserved(c)) {
+        text += c;
+      } else {
+        unsigned char const byte = static_cast<unsigned char>(c);
+        text += '%';
+        text += hexDigits[byte >> 4];
+        text += hexDigits[byte & 15];
+      }
+    }
+  }
+  return text;
 }
 
 void HCRapidJsonReadWriteUtils::errorReadingJsonFile(std::string const& file) { raise("@8-100@%s", file); }

@@ -1,7 +1,6 @@
 #include "HDARPartLoader.h"
 
 #include <rapidjson/schema.h>
-#include <rapidjson/stringbuffer.h>
 
 #include <fstream>
 
@@ -22,12 +21,6 @@ void parse(std::istream& in, std::string const& fileName, Json::Document& doc) {
   if (result.IsError()) Json::errorParsingJsonFile(fileName, Json::GetErrorMsgFromParse(result, stream));
 }
 
-std::string uriFragment(rapidjson::Pointer const& pointer) {
-  rapidjson::StringBuffer text;
-  pointer.StringifyUriFragment(text);
-  return std::string(text.GetString(), text.GetSize());
-}
-
 void validate(Json::Document const& doc, std::string const& fileName) {
   std::string schemaPath = HDARPartLoader::getSchemaFile();
   HUTFile(schemaPath).getCanonicalName(schemaPath);
@@ -39,7 +32,7 @@ void validate(Json::Document const& doc, std::string const& fileName) {
   if (result.IsError()) Json::errorParsingSchemaFile(schemaPath, Json::GetErrorMsgFromParse(result, stream));
   rapidjson::SchemaDocument const schema(schemaDoc);
   rapidjson::SchemaValidator validator(schema);
-  if (!doc.Accept(validator)) Json::errorParsingJsonFile(fileName, uriFragment(validator.GetInvalidDocumentPointer()));
+  if (!doc.Accept(validator)) Json::errorParsingJsonFile(fileName, Json::GetUriFragment(validator.GetInvalidDocumentPointer()));
 }
 
 HDARShimSite readSite(Json::Value const& site) {

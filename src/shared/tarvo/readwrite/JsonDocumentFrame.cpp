@@ -6,53 +6,21 @@
 #include "HCRapidJsonStreams.h"
 #include "HUTFile.h"
 #include "HUTFileWriteStream.h"
+#include "JsonForwardingHandler.h"
 #include "xp_ifstream.h"
 
 typedef HCRapidJsonReadWriteUtils Json;
 
 namespace {
 
-// The validator gives the sub-validators of oneOf, anyOf, allOf, patternProperties and
-// dependencies a default-constructed output handler. A default-constructed pretty writer has
-// no stream and crashes; this handler forwards to the real writer and does nothing when it
-// has none.
-template <typename Writer>
-class ForwardingHandler {
- public:
-  ForwardingHandler() = default;
-  explicit ForwardingHandler(Writer* writer) : m_writer(writer) {}
-
-  bool Null() { return !m_writer || m_writer->Null(); }
-  bool Bool(bool b) { return !m_writer || m_writer->Bool(b); }
-  bool Int(int i) { return !m_writer || m_writer->Int(i); }
-  bool Uint(unsigned u) { return !m_writer || m_writer->Uint(u); }
-  bool Int64(int64_t i) { return !m_writer || m_writer->Int64(i); }
-  bool Uint64(uint64_t u) { return !m_writer || m_writer->Uint64(u); }
-  bool Double(double d) { return !m_writer || m_writer->Double(d); }
-  bool RawNumber(char const* s, rapidjson::SizeType n, bool copy) { return !m_writer || m_writer->RawNumber(s, n, copy); }
-  bool String(char const* s, rapidjson::SizeType n, bool copy) { return !m_writer || m_writer->String(s, n, copy); }
-  bool StartObject() { return !m_writer || m_writer->StartObject(); }
-  bool Key(char const* s, rapidjson::SizeType n, bool copy) { return !m_writer || m_writer->Key(s, n, copy); }
-  bool EndObject(rapidjson::SizeType n) { return !m_writer || m_writer->EndObject(n); }
-  bool StartArray() { return !m_writer || m_writer->StartArray(); }
-  bool EndArray(rapidjson::SizeType n) { return !m_writer || m_writer->EndArray(n); }
-
- private:
-  Writer* m_writer = nullptr;
-};
-
 typedef rapidjson::PrettyWriter<HCJsonOutputStream> PrettyWriter;
-typedef ForwardingHandler<PrettyWriter> WriterHandler;
+typedef JsonForwardingHandler<PrettyWriter> WriterHandler;
 typedef rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, WriterHandler> WritingValidator;
 
 constexpr std::size_t kSchemaStackCapacity = 1024;
 constexpr std::size_t kDocumentStackCapacity = 256;
 
-std::string uriFragment(rapidjson::Pointer const& pointer) {
-  rapidjson::StringBuffer text;
-  pointer.StringifyUriFragment(text);
-  return std::string(text.GetString(), text.GetSize());
-}
+std::string uriFragment(rapidjson::Pointer const& pointer) { return Json::GetUriFragment(pointer); }
 
 template <typename Validator>
 void describe(Validator const& validator, JsonDocumentFrame::SchemaViolation* violation) {
