@@ -181,7 +181,7 @@ void KPEPrjMetaDataModel::writeToJSONFile(std::string const& fileName) const {
 
 void KPEPrjMetaDataModel::readFromJSONStream(std::string const& fileName, std::istream& in) {
   if (in.fail()) Json::errorReadingJsonFile(fileName);
-  JsonDocumentFrame::Document doc(nullptr, JsonDocumentFrame::kPoolChunkSize);
+  JsonDocumentFrame::Document doc;
   JsonDocumentFrame::parse(in, fileName, doc);
   if (!doc.IsObject()) return;
   Value::ConstMemberIterator const items = doc.FindMember(kMetaData);

@@ -16,6 +16,7 @@
 // by the error operations of HCRapidJsonReadWriteUtils.
 class JsonDocumentFrame {
  public:
+  // A document allocates from a memory pool of 65536-byte chunks, RapidJSON's default.
   typedef HCRapidJsonReadWriteUtils::Document Document;
   typedef HCRapidJsonReadWriteUtils::Value Value;
 
@@ -30,8 +31,6 @@ class JsonDocumentFrame {
     std::string keyword;
     std::string documentPointer;
   };
-
-  static constexpr std::size_t kPoolChunkSize = 65536;
 
   // Parses `in` into `doc`; a syntax error goes to errorParsingJsonFile with `fileName`, the
   // parser's text and the line and column.

@@ -60,7 +60,7 @@ std::unique_ptr<rapidjson::SchemaDocument> JsonDocumentFrame::loadSchema(std::st
   std::string const canonical = canonicalName(schemaPath);
   ovk::iostreams::xp_ifstream in(canonical.c_str(), openerOf(opener));
   if (!isReadable(canonical, in)) Json::errorReadingSchemaFile(canonical);
-  Document schema(nullptr, kPoolChunkSize);
+  Document schema;
   HCJsonInputStream stream(in);
   rapidjson::ParseResult const result = Json::ParseStream(stream, schema);
   if (result.IsError()) Json::errorParsingSchemaFile(canonical, Json::GetErrorMsgFromParse(result, stream));
