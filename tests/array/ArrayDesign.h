@@ -90,26 +90,9 @@ struct ArrayDesign {
 
 // While it lives, schemas are taken from tests/data/array/strict first: stricter forms of
 // the exchange schemas, which let a test reach a writer's schema failure.
-class StrictSchemas {
- public:
-  StrictSchemas() {
-    char const* old = std::getenv("QDS_DATA_DIR");
-    m_hadOld = old != nullptr;
-    if (m_hadOld) m_old = old;
-    setenv("QDS_DATA_DIR", tarvo_test::dataPath("array/strict").c_str(), 1);
-  }
-  ~StrictSchemas() {
-    if (m_hadOld)
-      setenv("QDS_DATA_DIR", m_old.c_str(), 1);
-    else
-      unsetenv("QDS_DATA_DIR");
-  }
-  StrictSchemas(StrictSchemas const&) = delete;
-  StrictSchemas& operator=(StrictSchemas const&) = delete;
-
- private:
-  bool m_hadOld;
-  std::string m_old;
+struct StrictSchemas {
+  StrictSchemas() { setenv("QDS_DATA_DIR", tarvo_test::dataPath("array/strict").c_str(), 1); }
+  ~StrictSchemas() { unsetenv("QDS_DATA_DIR"); }
 };
 
 }  // namespace array_test

@@ -79,7 +79,6 @@ TEST(KPEGRMDeviceUtilsTest, TheSeparatorIsOneCountedUnderscoreAndNothingElse) {
   EXPECT_EQ(oracle.getBelByName("KPE_ML_A_B/C"),
             KPEGRMDeviceUtils::getGRMBel(part, KPEGRMDeviceUtils::getHierName(part, other)));
   EXPECT_TRUE(KPEGRMDeviceUtils::getGRMBel(part, "").isBad());
-  EXPECT_TRUE(KPEGRMDeviceUtils::getGRMBel(part, "KPE_M").isBad());
 }
 
 TEST(KPEGRMDeviceUtilsTest, ShimCoordinatesComeFromTheOracleOrStayMinusOne) {
