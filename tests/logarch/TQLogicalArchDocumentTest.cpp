@@ -163,6 +163,9 @@ TEST(TQLogicalArchDocument, ReaderFailuresNameTheFileAndThePlace) {
             "8-101|doc.json|#/connections/c/dstPorts/0");
   EXPECT_EQ(thrown([&] { readText(R"({"PL": {"p": {"plPorts": {}, "colour": "red"}}})", model); }),
             "8-101|doc.json|#/PL/p/colour");
+  // A syntax error is reported before an earlier value that the schema refuses.
+  EXPECT_EQ(thrown([&] { readText("{\"KPE\": 1,\n\"PL\": {]}", model); }),
+            "8-101|doc.json|line 2, column 8: Missing a name for object member.");
   // The schema is checked before the model is touched.
   EXPECT_TRUE(model.isEmpty());
   EXPECT_EQ(model.getAppID(), "");
@@ -178,6 +181,7 @@ TEST(TQLogicalArchDocument, BrokenOrMissingSchemaThrowsInReaderAndWriter) {
   std::ostringstream out;
   std::string const unreadable = "8-102|" + JsonDocumentFrame::canonicalName(schema);
   EXPECT_EQ(thrown([&] { readText("{}", model); }), unreadable);
+  EXPECT_EQ(thrown([&] { readText("{\"PL\": }", model); }), "8-101|doc.json|line 1, column 8: Invalid value.");
   EXPECT_EQ(thrown([&] { TQLogicalArchWriter::writeToJsonFile(out, model); }), unreadable);
   EXPECT_EQ(out.str(), "");
 

@@ -2,9 +2,11 @@
 
 #include <memory>
 #include <ostream>
+#include <type_traits>
 #include <vector>
 
 #include "JsonDocumentFrame.h"
+#include "JsonEventFrame.h"
 #include "LogicalArchDocumentKeys.h"
 #include "NOCJsonReadWriteUtils.h"
 #include "TQLogicalArchModel.h"
@@ -13,8 +15,6 @@ using namespace Tarvo::Frameworks;
 
 namespace {
 
-typedef HCRapidJsonReadWriteUtils Json;
-typedef Json::Value Value;
 typedef LogicalArchDocumentKeys Key;
 
 // The names under which objects of one sub-hierarchy are written.
@@ -44,152 +44,176 @@ class HierarchyNames {
   std::string m_prefix;
 };
 
-// Builds the document tree of a model; the order of the calls is the order of the members.
-class DocumentBuilder {
+// Sends a model as the events of its document; the order of the calls is the order of the
+// members. The writer walks the model once and builds no document tree in between.
+template <typename Emitter>
+class DocumentEvents {
  public:
-  DocumentBuilder(Json::Document& doc, std::string const& hierarchyPrefix)
-      : m_doc(doc), m_alloc(doc.GetAllocator()), m_names(hierarchyPrefix) {}
+  DocumentEvents(Emitter& emit, std::string const& hierarchyPrefix) : m_emit(emit), m_names(hierarchyPrefix) {}
 
-  void build(TQLogicalArchModel const& model) {
-    addText(m_doc, Key::appId, model.getAppID());
-    addText(m_doc, Key::schema, model.getSchema());
-    addText(m_doc, Key::device, model.getDeviceModel());
-    addText(m_doc, Key::platform, model.getPlatform());
+  void model(TQLogicalArchModel const& model) {
+    m_emit.startObject();
+    text(Key::appId, model.getAppID());
+    text(Key::schema, model.getSchema());
+    text(Key::device, model.getDeviceModel());
+    text(Key::platform, model.getPlatform());
     std::vector<TQLogicalTQIPInstance*> kpes;
     model.getTQIPInstances(kpes);
-    addSection(Key::kpeSection, Key::kpePorts, kpes);
+    section(Key::kpeSection, Key::kpePorts, kpes);
     std::vector<TQLogicalNOCIPInstance*> nocs;
     model.getNOCIPInstances(nocs);
-    addSection(Key::nocSection, Key::nocPorts, nocs);
+    section(Key::nocSection, Key::nocPorts, nocs);
     std::vector<TQLogicalPLIPInstance*> pls;
     model.getPLIPInstances(pls);
-    addSection(Key::plSection, Key::plPorts, pls);
-    addConnections(model);
+    section(Key::plSection, Key::plPorts, pls);
+    connections(model);
+    m_emit.endObject();
   }
 
  private:
-  void addText(Value& object, char const* key, std::string const& text) {
-    if (!text.empty()) Json::AddStringProperty(object, key, text, m_alloc);
+  void text(char const* key, std::string const& value) {
+    if (value.empty()) return;
+    m_emit.key(key);
+    m_emit.string(value);
   }
 
-  void addMember(Value& object, std::string const& name, Value& value) {
-    Value key(name.data(), static_cast<rapidjson::SizeType>(name.size()), m_alloc);
-    object.AddMember(key, value, m_alloc);
+  void texts(char const* key, std::vector<std::string> const& values) {
+    if (values.empty()) return;
+    m_emit.key(key);
+    m_emit.startArray();
+    for (std::string const& value : values)
+      m_emit.string(value);
+    m_emit.endArray();
+  }
+
+  void count(char const* key, std::uint64_t value) {
+    m_emit.key(key);
+    m_emit.uint64(value);
   }
 
   // A section is written when the model has instances of its kind, even if the hierarchy
   // filter leaves none of them.
   template <typename Instance>
-  void addSection(char const* sectionKey, char const* portsKey, std::vector<Instance*> const& instances) {
+  void section(char const* sectionKey, char const* portsKey, std::vector<Instance*> const& instances) {
     if (instances.empty()) return;
-    Value section(rapidjson::kObjectType);
+    m_emit.key(sectionKey);
+    m_emit.startObject();
     for (Instance const* instance : instances) {
       if (!m_names.admits(instance->getName())) continue;
-      Value object(rapidjson::kObjectType);
-      addFields(object, *instance);
-      Value ports(rapidjson::kObjectType);
+      m_emit.key(m_names.documentName(instance->getName()));
+      m_emit.startObject();
+      fields(*instance);
+      m_emit.key(portsKey);
+      m_emit.startObject();
       for (TQLogicalPort const* port : instance->getPorts()) {
-        Value portValue = portObject(*port);
-        addMember(ports, port->getName(), portValue);
+        m_emit.key(port->getName());
+        portObject(*port);
       }
-      object.AddMember(rapidjson::StringRef(portsKey), ports, m_alloc);
-      addMember(section, m_names.documentName(instance->getName()), object);
+      m_emit.endObject();
+      m_emit.endObject();
     }
-    m_doc.AddMember(rapidjson::StringRef(sectionKey), section, m_alloc);
+    m_emit.endObject();
   }
 
-  void addFields(Value& object, TQLogicalTQIPInstance const& instance) {
-    addText(object, Key::vlnvName, instance.getVLNVName());
-    addText(object, Key::annotation, instance.getAnnotation());
-    addText(object, Key::hwAnnotation, instance.getHWAnnotation());
-    addText(object, Key::logicalDevice, instance.getLogicalDeviceJSON());
+  void fields(TQLogicalTQIPInstance const& instance) {
+    text(Key::vlnvName, instance.getVLNVName());
+    text(Key::annotation, instance.getAnnotation());
+    text(Key::hwAnnotation, instance.getHWAnnotation());
+    text(Key::logicalDevice, instance.getLogicalDeviceJSON());
   }
 
-  void addFields(Value& object, TQLogicalNOCIPInstance const& instance) {
-    addText(object, Key::vlnvName, instance.getVLNVName());
-    addText(object, Key::annotation, instance.getAnnotation());
-    addText(object, Key::hwAnnotation, instance.getHWAnnotation());
-    if (instance.getIPType() != TQLogicalIPTypeEnum::Unknown)
-      Json::AddStringProperty(object, Key::ipType, toText(instance.getIPType()), m_alloc);
+  void fields(TQLogicalNOCIPInstance const& instance) {
+    text(Key::vlnvName, instance.getVLNVName());
+    text(Key::annotation, instance.getAnnotation());
+    text(Key::hwAnnotation, instance.getHWAnnotation());
+    if (instance.getIPType() != TQLogicalIPTypeEnum::Unknown) text(Key::ipType, toText(instance.getIPType()));
   }
 
-  void addFields(Value& object, TQLogicalPLIPInstance const& instance) {
-    addText(object, Key::vlnvName, instance.getVLNVName());
-    addText(object, Key::ckernelName, instance.getCKernelName());
-    addText(object, Key::sdfinstName, instance.getSDFInstName());
-    addText(object, Key::annotation, instance.getAnnotation());
-    addText(object, Key::hwAnnotation, instance.getHWAnnotation());
+  void fields(TQLogicalPLIPInstance const& instance) {
+    text(Key::vlnvName, instance.getVLNVName());
+    text(Key::ckernelName, instance.getCKernelName());
+    text(Key::sdfinstName, instance.getSDFInstName());
+    text(Key::annotation, instance.getAnnotation());
+    text(Key::hwAnnotation, instance.getHWAnnotation());
   }
 
   // "parameterIndex" is always written, the other numbers only when set.
-  Value portObject(TQLogicalPort const& port) {
-    Value object(rapidjson::kObjectType);
-    if (port.getType() != TQLogicalConnectionDataFlowTypeEnum::Unknown)
-      Json::AddStringProperty(object, Key::type, port.getTypeAsStr(), m_alloc);
+  void portObject(TQLogicalPort const& port) {
+    m_emit.startObject();
+    if (port.getType() != TQLogicalConnectionDataFlowTypeEnum::Unknown) text(Key::type, port.getTypeAsStr());
     if (port.getDirectionType() != TQLogicalPortDirectionTypeEnum::Unknown)
-      Json::AddStringProperty(object, Key::direction, port.getDirectionTypeAsStr(), m_alloc);
-    if (port.getDataWidth() != 0) Json::AddULongProperty(object, Key::dataWidth, port.getDataWidth(), m_alloc);
-    if (port.getBusWidth() != 0) Json::AddULongProperty(object, Key::busWidth, port.getBusWidth(), m_alloc);
-    Json::AddULongProperty(object, Key::parameterIndex, port.getParamIndex(), m_alloc);
-    if (port.getClkFreq() > 0.0) Json::AddDoubleProperty(object, Key::clkFreq, port.getClkFreq(), m_alloc);
-    if (port.getRegisterInterface()) Json::AddBooleanProperty(object, Key::registeredInterface, true, m_alloc);
-    if (port.isTraced()) Json::AddBooleanProperty(object, Key::tracedInterface, true, m_alloc);
-    addText(object, Key::traceFile, port.getTraceFile());
-    if (!port.getAnnotations().empty())
-      Json::AddStringArrayProperty(object, Key::annotation, port.getAnnotations(), m_alloc);
-    addText(object, Key::hwAnnotation, port.getHWAnnotation());
-    if (!port.getSDFIONames().empty())
-      Json::AddStringArrayProperty(object, Key::sdfioName, port.getSDFIONames(), m_alloc);
-    addText(object, Key::vlnvName, port.getVLNVName());
-    addText(object, Key::kpechannel, port.getTqChannel());
-    return object;
+      text(Key::direction, port.getDirectionTypeAsStr());
+    if (port.getDataWidth() != 0) count(Key::dataWidth, port.getDataWidth());
+    if (port.getBusWidth() != 0) count(Key::busWidth, port.getBusWidth());
+    count(Key::parameterIndex, port.getParamIndex());
+    if (port.getClkFreq() > 0.0) {
+      m_emit.key(Key::clkFreq);
+      m_emit.real(port.getClkFreq());
+    }
+    if (port.getRegisterInterface()) flag(Key::registeredInterface);
+    if (port.isTraced()) flag(Key::tracedInterface);
+    text(Key::traceFile, port.getTraceFile());
+    texts(Key::annotation, port.getAnnotations());
+    text(Key::hwAnnotation, port.getHWAnnotation());
+    texts(Key::sdfioName, port.getSDFIONames());
+    text(Key::vlnvName, port.getVLNVName());
+    text(Key::kpechannel, port.getTqChannel());
+    m_emit.endObject();
   }
 
-  Value portReference(TQLogicalPort const& port) {
-    Value reference(rapidjson::kObjectType);
+  void flag(char const* key) {
+    m_emit.key(key);
+    m_emit.boolean(true);
+  }
+
+  void portReference(TQLogicalPort const& port) {
     TQLogicalArchLInst const* parent = port.getParentInstance();
-    Json::AddStringProperty(reference, Key::instName, parent ? m_names.documentName(parent->getName()) : "", m_alloc);
-    Json::AddStringProperty(reference, Key::portName, port.getName(), m_alloc);
-    return reference;
+    m_emit.startObject();
+    m_emit.key(Key::instName);
+    m_emit.string(parent != nullptr ? m_names.documentName(parent->getName()) : std::string());
+    m_emit.key(Key::portName);
+    m_emit.string(port.getName());
+    m_emit.endObject();
   }
 
-  Value connectionObject(TQLogicalConnection const& connection) {
-    Value object(rapidjson::kObjectType);
+  void connectionObject(TQLogicalConnection const& connection) {
+    m_emit.startObject();
     if (connection.getType() != TQLogicalConnectionDataFlowTypeEnum::Unknown)
-      Json::AddStringProperty(object, Key::type, connection.getTypeAsStr(), m_alloc);
+      text(Key::type, connection.getTypeAsStr());
     if (TQLogicalPort const* source = connection.getSrcPort()) {
-      Value reference = portReference(*source);
-      object.AddMember(rapidjson::StringRef(Key::srcPort), reference, m_alloc);
+      m_emit.key(Key::srcPort);
+      portReference(*source);
     }
     if (!connection.getDstPorts().empty()) {
-      Value destinations(rapidjson::kArrayType);
+      m_emit.key(Key::dstPorts);
+      m_emit.startArray();
       for (TQLogicalPort const* destination : connection.getDstPorts())
-        destinations.PushBack(portReference(*destination), m_alloc);
-      object.AddMember(rapidjson::StringRef(Key::dstPorts), destinations, m_alloc);
+        portReference(*destination);
+      m_emit.endArray();
     }
     if (connection.getDirectionType() != TQLogicalConnectionDirectionEnum::Unknown)
-      Json::AddStringProperty(object, Key::direction, connection.getDirectionTypeAsStr(), m_alloc);
+      text(Key::direction, connection.getDirectionTypeAsStr());
     if (connection.getMemMode() != TQLogicalConnectionMemModeEnum::Unknown)
-      Json::AddStringProperty(object, Key::memMode, connection.getMemModeAsStr(), m_alloc);
+      text(Key::memMode, connection.getMemModeAsStr());
     if (connection.getAddrType() != TQLogicalConnectionAddrTypeEnum::Unknown)
-      Json::AddStringProperty(object, Key::addrType, connection.getAddrTypeAsStr(), m_alloc);
-    return object;
+      text(Key::addrType, connection.getAddrTypeAsStr());
+    m_emit.endObject();
   }
 
-  void addConnections(TQLogicalArchModel const& model) {
+  void connections(TQLogicalArchModel const& model) {
     std::vector<TQLogicalConnection*> connections;
     if (model.getLogicalConnections(connections) == 0) return;
-    Value section(rapidjson::kObjectType);
+    m_emit.key(Key::connections);
+    m_emit.startObject();
     for (TQLogicalConnection const* connection : connections) {
       if (!m_names.admits(connection->getName())) continue;
-      Value object = connectionObject(*connection);
-      addMember(section, m_names.documentName(connection->getName()), object);
+      m_emit.key(m_names.documentName(connection->getName()));
+      connectionObject(*connection);
     }
-    m_doc.AddMember(rapidjson::StringRef(Key::connections), section, m_alloc);
+    m_emit.endObject();
   }
 
-  Json::Document& m_doc;
-  Json::Allocator& m_alloc;
+  Emitter& m_emit;
   HierarchyNames m_names;
 };
 
@@ -198,15 +222,14 @@ class DocumentBuilder {
 bool TQLogicalArchWriter::write(std::string const& hierarchyPrefix, std::ostream& out,
                                 TQLogicalArchModel const& model) {
   if (model.isEmpty()) return false;
-  Json::Allocator pool(JsonDocumentFrame::kPoolChunkSize);
-  Json::Document doc(rapidjson::kObjectType, &pool);
-  DocumentBuilder(doc, hierarchyPrefix).build(model);
   std::unique_ptr<rapidjson::SchemaDocument> const schema =
       JsonDocumentFrame::loadSchema(NOCJsonReadWriteUtils::getLogicalArchJsonSchemaFile());
   // The result of the validated write is deliberately not looked at: a model that breaks the
   // schema leaves a document cut off where it broke, which is what callers of this writer
   // have always received.
-  JsonDocumentFrame::writeValidated(out, doc, *schema);
+  JsonEventFrame::writeValidated(out, *schema, [&](auto& emitter) {
+    DocumentEvents<std::decay_t<decltype(emitter)>>(emitter, hierarchyPrefix).model(model);
+  });
   return true;
 }
 
