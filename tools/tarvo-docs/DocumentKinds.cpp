@@ -12,7 +12,9 @@ std::vector<std::unique_ptr<DocumentKind>> const& documentKinds() {
     all.push_back(makeConstraintKind());
     all.push_back(makeLogicalArchKind());
     all.push_back(makeTrafficKind());
+    all.push_back(makeNocSolutionKind());
     all.push_back(makeCompilerSolutionKind());
+    all.push_back(makeNocConstraintsKind());
     return all;
   }();
   return kinds;

@@ -12,7 +12,9 @@ std::unique_ptr<DocumentKind> makeMetadataKind();
 std::unique_ptr<DocumentKind> makeConstraintKind();
 std::unique_ptr<DocumentKind> makeLogicalArchKind();
 std::unique_ptr<DocumentKind> makeTrafficKind();
+std::unique_ptr<DocumentKind> makeNocSolutionKind();
 std::unique_ptr<DocumentKind> makeCompilerSolutionKind();
+std::unique_ptr<DocumentKind> makeNocConstraintsKind();
 
 }  // namespace tarvo_docs
 
