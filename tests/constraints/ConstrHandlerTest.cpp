@@ -128,6 +128,27 @@ TEST_F(ConstrHandlerTest, GroupFlagsAreTakenOnlyByTheCallThatMakesTheGroup) {
   EXPECT_EQ(ConstrHandler::ConstrList{store.getAreaGroupConstr("ag")}, byName);
 }
 
+// The set and add operations find a group by kind and name, also after renamePorts has
+// moved the index entries of a port of that name, and never find an unloaded one.
+TEST_F(ConstrHandlerTest, GroupsAreFoundByKindAndNameAfterPortRenamesAndUnload) {
+  store.addInstGroupConstr("g", {"a"}, false);
+  store.addDependentRoutingGroupConstr("g", {"b"});
+  store.setColocatedDmaConstr(B::PORT, "g", {"q"});
+  store.renamePorts({{"g", "h"}});
+  store.addInstGroupConstr("g", {"c"}, true);
+  store.addDependentRoutingGroupConstr("g", {"d"});
+  store.addAreaGroupConstr("g", {"e"}, {}, false, true, false, false, false);
+  EXPECT_EQ(4u, store.size());
+  EXPECT_EQ((Strings{"a", "c"}), store.getInstGroupConstr("g")->getNodeNames());
+  EXPECT_FALSE(store.getInstGroupConstr("g")->isIsomorphic());
+  EXPECT_EQ((Strings{"b", "d"}), store.getDependentRoutingGroupConstr("g")->getNodeNames());
+
+  store.unload(store.getDependentRoutingGroupConstr("g"));
+  store.addDependentRoutingGroupConstr("g", {"x"});
+  EXPECT_EQ(Strings{"x"}, store.getDependentRoutingGroupConstr("g")->getNodeNames());
+  EXPECT_EQ(4u, store.size());
+}
+
 TEST_F(ConstrHandlerTest, RelationsAreReadFromBothSides) {
   store.setColocatedNodesConstr(B::NODE, "a", {"b"}, false);
   store.setColocatedNodesConstr(B::NODE, "c", {"b"}, false);

@@ -249,6 +249,11 @@ class ConstrHandler {
   T* findInBucket(std::string const& objName) const;
   template <class T>
   T* findGroup(ConstrType type, std::string const& name) const;
+  // The group of that kind and name among those made under the name, without a walk of
+  // the whole list.
+  template <class T>
+  T* findStoredGroup(ConstrType type, std::string const& name) const;
+  void forgetGroup(BaseConstraint* group);
   template <class T>
   T* findOrCreate(ConstrType type, ObjectType objType, std::string const& objName);
   template <class T>
@@ -268,6 +273,9 @@ class ConstrHandler {
   FifoLocationsRecords m_records;
   ConstrList m_constrs;
   std::unordered_map<std::string, ConstrList> m_index;
+  // Groups by the name they were made under. Kept apart from m_index, whose entries
+  // renamePorts moves, so that the set and add operations find a group by its name alone.
+  std::unordered_map<std::string, ConstrList> m_groups;
 };
 
 }  // namespace constraints

@@ -32,11 +32,17 @@ void requirePort(BaseConstraint::ObjectType objType, char const* operation) {
 }
 
 template <class T>
-void eraseFirst(std::vector<T>& items, T const& item) {
+bool eraseFirst(std::vector<T>& items, T const& item) {
   auto const found = std::find(items.begin(), items.end(), item);
-  if (found != items.end()) {
-    items.erase(found);
+  if (found == items.end()) {
+    return false;
   }
+  items.erase(found);
+  return true;
+}
+
+bool isGroupKind(BaseConstraint::ConstrType type) {
+  return type >= BaseConstraint::AREA_GROUP && type <= BaseConstraint::ISOMORPHIC_GRAPH_GROUP;
 }
 
 }  // namespace
@@ -94,6 +100,7 @@ void ConstrHandler::clear() {
   }
   m_records.clear();
   m_index.clear();
+  m_groups.clear();
 }
 
 bool ConstrHandler::empty() const {
@@ -112,6 +119,9 @@ void ConstrHandler::unload(BaseConstraint const* constraint) {
   BaseConstraint* const owned = const_cast<BaseConstraint*>(constraint);
   eraseFirst(m_constrs, owned);
   eraseFirst(m_index[constraint->getObjName()], owned);
+  if (isGroupKind(constraint->getType())) {
+    forgetGroup(owned);
+  }
   delete constraint;
 }
 
@@ -121,6 +131,23 @@ void ConstrHandler::addConstraint(BaseConstraint* constraint) {
   }
   m_constrs.push_back(constraint);
   m_index[constraint->getObjName()].push_back(constraint);
+  if (isGroupKind(constraint->getType())) {
+    m_groups[constraint->getObjName()].push_back(constraint);
+  }
+}
+
+// A group renamed since it was made is no longer under its name: then every entry is
+// searched, so that no pointer to a deleted group stays behind.
+void ConstrHandler::forgetGroup(BaseConstraint* group) {
+  auto const bucket = m_groups.find(group->getObjName());
+  if (bucket != m_groups.end() && eraseFirst(bucket->second, group)) {
+    return;
+  }
+  for (auto& entry : m_groups) {
+    if (eraseFirst(entry.second, group)) {
+      return;
+    }
+  }
 }
 
 BaseConstraint* ConstrHandler::createConstr(ConstrType type, ObjectType objType, std::string const& name) {
@@ -533,10 +560,31 @@ T* ConstrHandler::findOrCreate(ConstrType type, ObjectType objType, std::string 
   return dynamic_cast<T*>(createConstr(type, objType, objName));
 }
 
+// Among the groups made under the name, the first that still carries it. Groups enter the
+// list and this index in the same order, so this is the group that a walk of the list finds
+// as long as no stored group is given another name (nothing in the library renames one).
+template <class T>
+T* ConstrHandler::findStoredGroup(ConstrType type, std::string const& name) const {
+  auto const bucket = m_groups.find(name);
+  if (bucket == m_groups.end()) {
+    return nullptr;
+  }
+  for (BaseConstraint* constraint : bucket->second) {
+    if (constraint->getType() != type) {
+      continue;
+    }
+    T* group = dynamic_cast<T*>(constraint);
+    if (group != nullptr && group->getName() == name) {
+      return group;
+    }
+  }
+  return nullptr;
+}
+
 template <class T>
 T* ConstrHandler::findOrCreateGroup(ConstrType type, std::string const& name, bool& created) {
   created = false;
-  if (T* found = findGroup<T>(type, name)) {
+  if (T* found = findStoredGroup<T>(type, name)) {
     return found;
   }
   created = true;
