@@ -1,9 +1,9 @@
 #include "AttrConstr.h"
 
-#include <boost/algorithm/string/case_conv.hpp>
-#include <boost/algorithm/string/predicate.hpp>
+#include <cstring>
 #include <sstream>
 
+#include "AsciiCase.h"
 #include "ConstrHandler.h"
 #include "ConstrWriteSupport.h"
 
@@ -15,7 +15,7 @@ using namespace writesupport;
 namespace {
 
 std::string withoutPrefix(std::string const& name, std::string const& prefix) {
-  return boost::algorithm::istarts_with(name, prefix) ? name.substr(prefix.size()) : name;
+  return AsciiCase::startsWith(name, prefix) ? name.substr(prefix.size()) : name;
 }
 
 // Keys whose negative values mean "not given": the first two are read as doubles.
@@ -59,18 +59,18 @@ std::string const& AttrConstr::getOldMEPrefix() {
 }
 
 bool AttrConstr::isCanonicalAttrName(std::string const& name) {
-  return boost::algorithm::istarts_with(name, getCanonicalPrefix());
+  return AsciiCase::startsWith(name, getCanonicalPrefix());
 }
 
 bool AttrConstr::isOldMEAttrName(std::string const& name) {
-  return boost::algorithm::istarts_with(name, getOldMEPrefix());
+  return AsciiCase::startsWith(name, getOldMEPrefix());
 }
 
 bool AttrConstr::isPredefinedAttrName(std::string const& name) {
   static char const* const predefined[] = {"KPE.RUNTIME", "KPE.UTILIZATION", "KPE.MARGIN", "KPE.FIFO_DEPTH",
                                            "KPE.BUFFER_COUNT"};
   for (char const* known : predefined) {
-    if (boost::algorithm::iequals(name, known)) {
+    if (AsciiCase::equals(name, known, std::strlen(known))) {
       return true;
     }
   }
@@ -87,14 +87,13 @@ std::string AttrConstr::makeCanonicalAttrName(std::string const& name) {
     canonical = getCanonicalPrefix() + name.substr(getOldMEPrefix().size());
   }
   if (isPredefinedAttrName(canonical)) {
-    boost::algorithm::to_upper(canonical);
+    AsciiCase::toUpper(canonical);
   }
   return canonical;
 }
 
 std::string AttrConstr::getDocumentKey() const {
-  return boost::algorithm::to_lower_copy(
-      withoutPrefix(withoutPrefix(getConstrName(), getCanonicalPrefix()), getOldMEPrefix()));
+  return AsciiCase::toLowerCopy(withoutPrefix(withoutPrefix(getConstrName(), getCanonicalPrefix()), getOldMEPrefix()));
 }
 
 void AttrConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {

@@ -1,9 +1,9 @@
 #include "ConstrHandler.h"
 
-#include <boost/algorithm/string/predicate.hpp>
 #include <iostream>
 #include <unordered_set>
 
+#include "AsciiCase.h"
 #include "ColocationConstraints.h"
 #include "ConstrCast.h"
 #include "ConstrReader.h"
@@ -246,7 +246,7 @@ void ConstrHandler::getConstrs(std::string const& objName, std::string const& at
   }
   out.clear();
   for (BaseConstraint* constraint : bucket->second) {
-    if (boost::algorithm::iequals(constraint->getConstrName(), attrName)) {
+    if (AsciiCase::equals(constraint->getConstrName(), attrName)) {
       out.push_back(constraint);
     }
   }

@@ -1,8 +1,9 @@
 #include "LocationConstraints.h"
 
-#include <boost/algorithm/string/predicate.hpp>
+#include <cstring>
 #include <sstream>
 
+#include "AsciiCase.h"
 #include "ComMsgMgr.h"
 #include "ConstrHandler.h"
 #include "ConstrWriteSupport.h"
@@ -439,7 +440,7 @@ void StreamChannelConstr::setDirection(std::string const& direction) {
   }
   static char const* const words[] = {"North", "South", "East", "West", "unset"};
   for (std::uint32_t i = North; i <= Unset; ++i) {
-    if (boost::algorithm::iequals(direction, words[i])) {
+    if (AsciiCase::equals(direction, words[i], std::strlen(words[i]))) {
       m_direction = static_cast<Direction>(i);
       return;
     }
