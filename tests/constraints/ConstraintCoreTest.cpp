@@ -43,6 +43,32 @@ TEST(ConstraintCoreTest, CellsAtTheirDefaultCountAsUnset) {
   EXPECT_FALSE(list.isSet());
 }
 
+// A value of another kind converts the HATAttr, but the cell keeps the default of the kind
+// it was made with, and reset returns to that kind.
+TEST(ConstraintCoreTest, CellsKeepTheDefaultOfTheirOwnKind) {
+  DefaultedAttr number(HATAttr::INT);
+  number.setString("-1");
+  EXPECT_EQ(HATAttr::STRING, number.getKind());
+  EXPECT_FALSE(number.isSet());
+  number.setString("7");
+  EXPECT_TRUE(number.isSet());
+  number.reset();
+  EXPECT_EQ(HATAttr::INT, number.getKind());
+  EXPECT_EQ(-1, number.getInt());
+
+  DefaultedAttr text(HATAttr::STRING);
+  text.setInt(5);
+  EXPECT_TRUE(text.isSet());
+  EXPECT_EQ("5", text.getString());
+  text.setDouble(-1.0);
+  EXPECT_EQ("-1", text.getString());
+  EXPECT_TRUE(text.isSet());
+  text.reset();
+  EXPECT_EQ(HATAttr::STRING, text.getKind());
+  EXPECT_EQ("", text.getString());
+  EXPECT_FALSE(text.isSet());
+}
+
 TEST(ConstraintCoreTest, TypeTextsAndTheAttrConstructorGuard) {
   EXPECT_EQ("kpe.independent_packet_switched_routing_roup",
             BaseConstraint::getConstrNameFromType(BaseConstraint::DEPENDENT_ROUTING_GROUP));

@@ -13,6 +13,9 @@ namespace constraints {
 // the empty string, the empty list. A cell is "set" exactly when its value differs from the
 // default, however it got there: writing the default, or arithmetic that lands on it, makes
 // the cell unset again. The flag lives in the HATAttr state (STATE_DEFAULT).
+//
+// The default is known from the cell's own kind and not stored: a store holds hundreds of
+// thousands of cells, and a second HATAttr would add half again to each.
 class DefaultedAttr {
  public:
   // Kinds used: BOOL, INT, DOUBLE, STRING, STRING_LIST.
@@ -37,11 +40,14 @@ class DefaultedAttr {
   void setStringList(std::vector<std::string> const& value);
 
  private:
+  // The default value of the cell's own kind.
+  static HATAttr const& defaultOf(HATAttr::Kind kind);
   void updateDefaultFlag();
   void refreshCaches();
 
   HATAttr m_attr;
-  HATAttr m_default;
+  // The kind the cell was made with; a set of another kind converts m_attr, not this.
+  HATAttr::Kind m_ownKind;
   std::string m_string;             // getStringVal of the cell, kept for reference reads
   std::vector<std::string> m_list;  // in step with the cell's list
 };

@@ -29,13 +29,23 @@ HATAttr makeDefault(HATAttr::Kind kind) {
 
 }  // namespace
 
-DefaultedAttr::DefaultedAttr(HATAttr::Kind kind) : m_attr(makeDefault(kind)), m_default(m_attr) {
+// One default per kind, made on first use; list cells and the kinds this class does not
+// use share the empty list.
+HATAttr const& DefaultedAttr::defaultOf(HATAttr::Kind kind) {
+  static HATAttr const defaults[] = {makeDefault(HATAttr::BOOL), makeDefault(HATAttr::INT),
+                                     makeDefault(HATAttr::DOUBLE), makeDefault(HATAttr::STRING)};
+  static HATAttr const list = makeDefault(HATAttr::STRING_LIST);
+  return kind >= HATAttr::BOOL && kind <= HATAttr::STRING ? defaults[kind] : list;
+}
+
+// A kind this class does not use makes a list cell, as its default is the empty list.
+DefaultedAttr::DefaultedAttr(HATAttr::Kind kind) : m_attr(defaultOf(kind)), m_ownKind(m_attr.getKind()) {
   refreshCaches();
   m_attr.setStateFlag(HATAttr::STATE_DEFAULT);
 }
 
 void DefaultedAttr::reset() {
-  m_attr = m_default;
+  m_attr = defaultOf(m_ownKind);
   refreshCaches();
   m_attr.setStateFlag(HATAttr::STATE_DEFAULT);
 }
@@ -68,22 +78,23 @@ void DefaultedAttr::setStringList(std::vector<std::string> const& value) {
 // Compares by the cell's own kind, so a cell is unset whenever its value equals the default.
 void DefaultedAttr::updateDefaultFlag() {
   refreshCaches();
+  HATAttr const& byDefault = defaultOf(m_ownKind);
   bool isDefault = false;
-  switch (m_default.getKind()) {
+  switch (m_ownKind) {
     case HATAttr::BOOL:
-      isDefault = m_attr.getBoolVal() == m_default.getBoolVal();
+      isDefault = m_attr.getBoolVal() == byDefault.getBoolVal();
       break;
     case HATAttr::INT:
-      isDefault = m_attr.getIntVal() == m_default.getIntVal();
+      isDefault = m_attr.getIntVal() == byDefault.getIntVal();
       break;
     case HATAttr::DOUBLE:
-      isDefault = m_attr.getDoubleVal() == m_default.getDoubleVal();
+      isDefault = m_attr.getDoubleVal() == byDefault.getDoubleVal();
       break;
     case HATAttr::STRING:
-      isDefault = m_string == m_default.getStringVal();
+      isDefault = m_string == byDefault.getStringVal();
       break;
     default:
-      isDefault = m_list == m_default.getStringList();
+      isDefault = m_list == byDefault.getStringList();
       break;
   }
   if (isDefault) {
@@ -94,9 +105,9 @@ void DefaultedAttr::updateDefaultFlag() {
 }
 
 void DefaultedAttr::refreshCaches() {
-  if (m_default.getKind() == HATAttr::STRING) {
+  if (m_ownKind == HATAttr::STRING) {
     m_string = m_attr.getStringVal();
-  } else if (m_default.getKind() == HATAttr::STRING_LIST) {
+  } else if (m_ownKind == HATAttr::STRING_LIST) {
     m_list = m_attr.getStringList();
   }
 }
