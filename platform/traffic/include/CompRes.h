@@ -20,7 +20,7 @@ namespace HrdIPToolCntr {
 // The result of the NoC compiler for one TrafficSpec on one device: a route for each routed
 // net, what each path achieved, which instances and destination ids are locked, which
 // physical component each instance went to and which destination id each component got.
-// Borrows the specification's and the device's objects.
+// Borrows the traffic specification's and the device's objects.
 class CompRes {
  public:
   enum SolutionState { NO_SOLUTION = 0, OPTIMAL = 1, SUBOPTIMAL = 2, DEADLOCKS = 3 };
@@ -48,7 +48,7 @@ class CompRes {
                 unsigned int achievedBW, bool locked);
   // Null for a net without a route.
   Route const* getRouteForNet(TrafficNet const* net) const;
-  // The routed nets in the order the specification made them.
+  // The routed nets in the order the traffic specification made them.
   RouteStore const& getRoutes() const { return m_routes; }
   // True when the path has a routed net and every routed net of it is locked.
   bool isLocked(TrafficPath const* path) const;

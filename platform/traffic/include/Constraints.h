@@ -13,7 +13,7 @@ namespace HrdIPToolCntr {
 
 // What the user asks of the NoC compiler for logical instances of one TrafficSpec: to place
 // an instance on one of some physical components, as a hard or a soft wish, or to give it a
-// destination id. Borrows the specification's and the device's objects.
+// destination id. Borrows the traffic specification's and the device's objects.
 class Constraints {
  public:
   // A second placement of an instance replaces the first; the result says whether the

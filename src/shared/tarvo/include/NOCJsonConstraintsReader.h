@@ -19,7 +19,7 @@ class TrafficSpec;
 namespace NOC {
 
 // Reads a NoC placement constraints document into a Constraints object. Instances and
-// components that the specification or the device does not know are passed over without a
+// components that the traffic specification or the device does not know are passed over without a
 // word. Names are taken as they stand: the resolver is not used. Failures leave by the error
 // operations of HCRapidJsonReadWriteUtils.
 class NOCJsonConstraintsReader {

@@ -103,7 +103,7 @@ class SolutionDocumentReader {
     return entry;
   }
 
-  // Names of the document to names of the specification. Error slaves keep their names
+  // Names of the document to names of the traffic specification. Error slaves keep their names
   // unless the translation lies in a reconfigurable partition.
   std::string translate(std::string const& name) const {
     if (endsWith(name, TrafficSpec::getErrorSlaveName()) || endsWith(name, TrafficSpec::getErrorSlaveName_hp())) {

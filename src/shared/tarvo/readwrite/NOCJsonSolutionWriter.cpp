@@ -92,7 +92,7 @@ class SolutionDocumentWriter {
   }
 
   // The paths of routed nets in the order of their first routed net, as far as the filter
-  // accepts both ends and the net belongs to the specification.
+  // accepts both ends and the net belongs to the traffic specification.
   std::vector<TrafficPath const*> selectPaths() const {
     std::vector<TrafficPath const*> selected;
     std::unordered_set<TrafficPath const*> seen;
@@ -105,7 +105,7 @@ class SolutionDocumentWriter {
     return selected;
   }
 
-  // A path knows its place in its specification, so no set of all nets is needed.
+  // A path knows its place in its traffic specification, so no set of all nets is needed.
   bool belongsToSpec(TrafficPath const& path) const {
     int const index = static_cast<int>(path.getIndex());
     return index < m_spec.getNumPaths() && m_spec.getPath(index) == &path;
