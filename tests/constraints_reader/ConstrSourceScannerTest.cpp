@@ -101,6 +101,37 @@ TEST(ConstrSourceScanner, AgreesWithALineByLineSearchForEveryPair) {
   }
 }
 
+// The file is read in blocks: lines that cross from one block into the next, a line longer
+// than several blocks and a last line without a newline are found like any other.
+TEST(ConstrSourceScanner, LinesAcrossReadBlocksAreFoundWhole) {
+  int const shortLines = 6000;
+  std::string text = "{\n";
+  for (int i = 0; i < shortLines; ++i)
+    text += "  \"k" + std::to_string(i) + "\": \"v\",\n";
+  std::string const longLine = "  \"long\": \"" + std::string(300000, 'x') + "\", \"tail\": 1,";
+  text += longLine + "\n  \"k7\": 2,\n  \"end\": 3}";
+  tarvo_test::TempDir dir;
+  std::string const file = dir.file("blocks.json");
+  tarvo_test::writeFile(file, text);
+
+  ConstrSourceScanner scanner(file);
+  for (int i = 0; i < shortLines; ++i) {
+    ConstrSourceScanner::Position const found = scanner.find("k" + std::to_string(i));
+    if (found.line != i + 2 || found.column != 3) {
+      ADD_FAILURE() << "k" << i << " at " << found.line << ":" << found.column;
+      break;
+    }
+  }
+  int const longLineNumber = shortLines + 2;
+  int const tailColumn = static_cast<int>(longLine.find("\"tail\"")) + 1;
+  expectPosition(scanner.find("long"), longLineNumber, 3);
+  expectPosition(scanner.find("k5999", "tail"), longLineNumber, tailColumn);
+  expectPosition(scanner.find("long", "k7"), longLineNumber + 1, 3);
+  expectPosition(scanner.find("k7", "end"), longLineNumber + 2, 3);
+  expectPosition(scanner.find("tail\": 1,\n  \"k7"), 0, 0);
+  expectPosition(scanner.find(", \"tail"), longLineNumber, tailColumn - 3);
+}
+
 TEST(ConstrSourceScanner, FilesThatCannotBeScannedGiveNoPosition) {
   ConstrSourceScanner noName("");
   EXPECT_EQ(ConstrSourceScanner::State::NoFileName, noName.load());
