@@ -17,6 +17,7 @@
 #include "HCRapidJsonReadWriteUtils.h"
 #include "HCRapidJsonStreams.h"
 #include "JsonDocumentFrame.h"
+#include "JsonForwardingHandler.h"
 
 // The load and write sequences of JsonDocumentFrame for a reader or writer that builds or walks
 // a large model event by event: the document tree of a text and a model made from it together
@@ -45,7 +46,7 @@ class JsonEventFrame {
  private:
   template <typename Handler>
   class ValidatingSplitter;
-  class ForwardingHandler;
+  typedef rapidjson::PrettyWriter<HCJsonOutputStream> PrettyWriter;
 };
 
 // Passes each event to the validator and, while all were valid, to the handler; refuses
@@ -149,35 +150,6 @@ void JsonEventFrame::load(std::istream& in, std::string const& fileName, std::st
     Json::errorParsingJsonFile(fileName, Json::GetUriFragment(validator->GetInvalidDocumentPointer()));
 }
 
-// The validator gives the sub-validators of some keywords a default-constructed output
-// handler; a default-constructed pretty writer has no stream. This one forwards to the real
-// writer and does nothing when it has none.
-class JsonEventFrame::ForwardingHandler {
- public:
-  typedef rapidjson::PrettyWriter<HCJsonOutputStream> Writer;
-  typedef char Ch;
-  ForwardingHandler() = default;
-  explicit ForwardingHandler(Writer* writer) : m_writer(writer) {}
-
-  bool Null() { return !m_writer || m_writer->Null(); }
-  bool Bool(bool b) { return !m_writer || m_writer->Bool(b); }
-  bool Int(int i) { return !m_writer || m_writer->Int(i); }
-  bool Uint(unsigned u) { return !m_writer || m_writer->Uint(u); }
-  bool Int64(std::int64_t i) { return !m_writer || m_writer->Int64(i); }
-  bool Uint64(std::uint64_t u) { return !m_writer || m_writer->Uint64(u); }
-  bool Double(double d) { return !m_writer || m_writer->Double(d); }
-  bool RawNumber(Ch const* s, rapidjson::SizeType n, bool c) { return !m_writer || m_writer->RawNumber(s, n, c); }
-  bool String(Ch const* s, rapidjson::SizeType n, bool c) { return !m_writer || m_writer->String(s, n, c); }
-  bool StartObject() { return !m_writer || m_writer->StartObject(); }
-  bool Key(Ch const* s, rapidjson::SizeType n, bool c) { return !m_writer || m_writer->Key(s, n, c); }
-  bool EndObject(rapidjson::SizeType n) { return !m_writer || m_writer->EndObject(n); }
-  bool StartArray() { return !m_writer || m_writer->StartArray(); }
-  bool EndArray(rapidjson::SizeType n) { return !m_writer || m_writer->EndArray(n); }
-
- private:
-  Writer* m_writer = nullptr;
-};
-
 // Keeps the member and element counts that the closing events carry.
 template <typename Target>
 class JsonEventFrame::Emitter {
@@ -245,11 +217,12 @@ class JsonEventFrame::Emitter {
 template <typename Produce>
 bool JsonEventFrame::writeValidated(std::ostream& out, rapidjson::SchemaDocument const& schema,
                                     Produce const& produce) {
-  typedef rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, ForwardingHandler> Validator;
+  typedef JsonForwardingHandler<PrettyWriter> Handler;
+  typedef rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, Handler> Validator;
   HCJsonOutputStream stream(out);
-  ForwardingHandler::Writer writer(stream);
+  PrettyWriter writer(stream);
   writer.SetIndent(' ', 2);
-  ForwardingHandler handler(&writer);
+  Handler handler(&writer);
   Validator validator(schema, handler, nullptr, 1024, 256);
   Emitter<Validator> emitter(validator);
   produce(emitter);
