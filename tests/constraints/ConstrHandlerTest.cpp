@@ -314,6 +314,21 @@ TEST_F(ConstrHandlerTest, RenamePortsMovesObjectsListsAndIndex) {
   EXPECT_EQ(4u, store.size());
 }
 
+// The store remembers the index entry it was asked for last; renamePorts erases that entry.
+TEST_F(ConstrHandlerTest, TheOldNameOfARenamedPortIsUnknownAndFreeForANewConstraint) {
+  store.setPortLocConstr("p", "s", 1);
+  ASSERT_NE(nullptr, store.getPortLocConstr("p"));
+  store.renamePorts({{"p", "q"}});
+  ConstrHandler::ConstrList out{nullptr};
+  store.getConstrs("p", out);
+  EXPECT_EQ(ConstrHandler::ConstrList{nullptr}, out);
+  EXPECT_EQ(nullptr, store.getPortLocConstr("p"));
+  store.setPortLocConstr("p", "t", 2);
+  EXPECT_EQ(2u, store.size());
+  EXPECT_EQ("s", store.getPortLocConstr("q")->getName());
+  EXPECT_EQ("t", store.getPortLocConstr("p")->getName());
+}
+
 TEST_F(ConstrHandlerTest, ConstrainedObjectsAreListedOnceInOrderOfAppearance) {
   store.setAttrConstr(B::NET, "w", "weight", 1);
   store.setShimConstr("b", 1, 0);

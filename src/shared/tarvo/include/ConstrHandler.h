@@ -245,6 +245,11 @@ class ConstrHandler {
   void dump() const;
 
  private:
+  // The index entry of a name, or null.
+  ConstrList const* findBucket(std::string const& objName) const;
+  // The index entry of a name, made if there is none.
+  ConstrList& bucketFor(std::string const& objName);
+  void rememberBucket(std::pair<std::string const, ConstrList> const& entry) const;
   template <class T>
   T* findInBucket(std::string const& objName) const;
   template <class T>
@@ -273,6 +278,11 @@ class ConstrHandler {
   FifoLocationsRecords m_records;
   ConstrList m_constrs;
   std::unordered_map<std::string, ConstrList> m_index;
+  // The index entry asked for last. Callers, the reader above all, ask about one object many
+  // times in a row; a look-up of the same name then costs a comparison instead of a hash.
+  // Entries stay where they are when others are added, so only erasing one forgets it.
+  mutable std::string const* m_lastName = nullptr;
+  mutable ConstrList const* m_lastBucket = nullptr;
   // Groups by the name they were made under. Kept apart from m_index, whose entries
   // renamePorts moves, so that the set and add operations find a group by its name alone.
   std::unordered_map<std::string, ConstrList> m_groups;

@@ -99,6 +99,7 @@ void ConstrHandler::clear() {
     delete constraint;
   }
   m_records.clear();
+  m_lastBucket = nullptr;
   m_index.clear();
   m_groups.clear();
 }
@@ -118,7 +119,7 @@ void ConstrHandler::unload(BaseConstraint const* constraint) {
   }
   BaseConstraint* const owned = const_cast<BaseConstraint*>(constraint);
   eraseFirst(m_constrs, owned);
-  eraseFirst(m_index[constraint->getObjName()], owned);
+  eraseFirst(bucketFor(constraint->getObjName()), owned);
   if (isGroupKind(constraint->getType())) {
     forgetGroup(owned);
   }
@@ -130,7 +131,7 @@ void ConstrHandler::addConstraint(BaseConstraint* constraint) {
     return;
   }
   m_constrs.push_back(constraint);
-  m_index[constraint->getObjName()].push_back(constraint);
+  bucketFor(constraint->getObjName()).push_back(constraint);
   if (isGroupKind(constraint->getType())) {
     m_groups[constraint->getObjName()].push_back(constraint);
   }
@@ -239,13 +240,40 @@ AttrConstr* ConstrHandler::createAttrConstr(ObjectType objType, std::string cons
 // ---------------------------------------------------------------------------------------------
 // Queries
 
+ConstrHandler::ConstrList const* ConstrHandler::findBucket(std::string const& objName) const {
+  if (m_lastBucket != nullptr && *m_lastName == objName) {
+    return m_lastBucket;
+  }
+  auto const found = m_index.find(objName);
+  if (found == m_index.end()) {
+    return nullptr;
+  }
+  rememberBucket(*found);
+  return &found->second;
+}
+
+// The remembered entry lies in this store's own index, which a non-const operation may change.
+ConstrHandler::ConstrList& ConstrHandler::bucketFor(std::string const& objName) {
+  if (m_lastBucket != nullptr && *m_lastName == objName) {
+    return const_cast<ConstrList&>(*m_lastBucket);
+  }
+  auto& entry = *m_index.try_emplace(objName).first;
+  rememberBucket(entry);
+  return entry.second;
+}
+
+void ConstrHandler::rememberBucket(std::pair<std::string const, ConstrList> const& entry) const {
+  m_lastName = &entry.first;
+  m_lastBucket = &entry.second;
+}
+
 void ConstrHandler::getConstrs(std::string const& objName, std::string const& attrName, ConstrList& out) const {
-  auto const bucket = m_index.find(objName);
-  if (bucket == m_index.end()) {
+  ConstrList const* const bucket = findBucket(objName);
+  if (bucket == nullptr) {
     return;
   }
   out.clear();
-  for (BaseConstraint* constraint : bucket->second) {
+  for (BaseConstraint* constraint : *bucket) {
     if (AsciiCase::equals(constraint->getConstrName(), attrName)) {
       out.push_back(constraint);
     }
@@ -262,9 +290,8 @@ void ConstrHandler::getConstrs(ObjectType objType, ConstrList& out) const {
 }
 
 void ConstrHandler::getConstrs(std::string const& objName, ConstrList& out) const {
-  auto const bucket = m_index.find(objName);
-  if (bucket != m_index.end()) {
-    out = bucket->second;
+  if (ConstrList const* const bucket = findBucket(objName)) {
+    out = *bucket;
   }
 }
 
@@ -277,12 +304,12 @@ ConstrHandler::ConstrList const& ConstrHandler::getConstrs() const {
 }
 
 void ConstrHandler::getConstrs(std::string const& objName, ConstrType type, ConstrList& out) const {
-  auto const bucket = m_index.find(objName);
-  if (bucket == m_index.end()) {
+  ConstrList const* const bucket = findBucket(objName);
+  if (bucket == nullptr) {
     return;
   }
   out.clear();
-  for (BaseConstraint* constraint : bucket->second) {
+  for (BaseConstraint* constraint : *bucket) {
     if (constraint->getType() == type) {
       out.push_back(constraint);
     }
@@ -306,11 +333,11 @@ BaseConstraint* ConstrHandler::getConstr(std::string const& objName, ConstrType 
 
 template <class T>
 T* ConstrHandler::findInBucket(std::string const& objName) const {
-  auto const bucket = m_index.find(objName);
-  if (bucket == m_index.end()) {
+  ConstrList const* const bucket = findBucket(objName);
+  if (bucket == nullptr) {
     return nullptr;
   }
-  for (BaseConstraint* constraint : bucket->second) {
+  for (BaseConstraint* constraint : *bucket) {
     if (T* typed = dynamic_cast<T*>(constraint)) {
       return typed;
     }
@@ -1149,6 +1176,7 @@ void ConstrHandler::renamePorts(std::map<std::string, std::string> const& names)
       continue;
     }
     ConstrList moved = bucket->second;
+    m_lastBucket = nullptr;
     m_index.erase(bucket);
     m_index[rename.second] = std::move(moved);
   }
