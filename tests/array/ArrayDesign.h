@@ -88,11 +88,14 @@ struct ArrayDesign {
   TestSolution solution{*part};
 };
 
-// While it lives, schemas are taken from tests/data/array/strict first: stricter forms of
-// the exchange schemas, which let a test reach a writer's schema failure.
-struct StrictSchemas {
-  StrictSchemas() { setenv("QDS_DATA_DIR", tarvo_test::dataPath("array/strict").c_str(), 1); }
-  ~StrictSchemas() { unsetenv("QDS_DATA_DIR"); }
+// While it lives, schemas are taken from tests/data/array/<dir> first: "strict" holds
+// stricter forms of the exchange schemas, which let a test reach a writer's schema failure,
+// "broken" holds schemas that are no JSON.
+struct SchemaDir {
+  explicit SchemaDir(std::string const& dir) {
+    setenv("QDS_DATA_DIR", tarvo_test::dataPath("array/" + dir).c_str(), 1);
+  }
+  ~SchemaDir() { unsetenv("QDS_DATA_DIR"); }
 };
 
 }  // namespace array_test

@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <sstream>
 
 #include "ArrayDesign.h"
 #include "HDGUIStatus.h"
+#include "HEXAll.h"
+#include "TQCompilerShimConstraintsWriterJSON.h"
 #include "TQCompilerSolutionReaderJSON.h"
 #include "TQCompilerSolutionWriterJSON.h"
 
@@ -96,7 +99,7 @@ TEST_F(CompilerSolutionWriterTest, NothingToWriteLeavesAnEmptyFileThatReadsAsFal
 }
 
 TEST_F(CompilerSolutionWriterTest, ASchemaFailureStopsTheTextAndNamesTheRule) {
-  StrictSchemas strict;
+  SchemaDir strict("strict");
   tarvo_test::MessageCapture capture;
   std::string const text = write("top", false);
   EXPECT_EQ(std::vector<std::string>{"75-645(#/definitions/site/properties/column|minimum|#/Placement/0/"
@@ -107,6 +110,38 @@ TEST_F(CompilerSolutionWriterTest, ASchemaFailureStopsTheTextAndNamesTheRule) {
       "\"PortName\": \"p1\"\n      },\n      \"PhysicalInstance\": [\n        {\n          \"name\": "
       "\"KPE_SHIM_X0Y0_CTRL\",\n          \"column\"",
       text);
+}
+
+TEST_F(CompilerSolutionWriterTest, ABrokenSchemaThrowsInTheReaderAndBothWriters) {
+  SchemaDir broken("broken");
+  std::string const schemas = tarvo_test::dataPath("array/broken/parts/zorvex/common/");
+  auto failure = [](std::function<void()> const& work) -> std::string {
+    try {
+      work();
+    } catch (HEXAll const& error) {
+      return error.what();
+    }
+    return "no error";
+  };
+  std::string const parseError = "': line 3, column 1: Missing a comma or '}' after an object member.";
+  EXPECT_EQ("ERROR: [tarvo 8-103] Failed to parse JSON schema file '" + schemas + "tellura/TQSolutionSchema.json" +
+                parseError,
+            failure([&] { write("top"); }));
+  std::istringstream in("{}");
+  EXPECT_EQ("ERROR: [tarvo 8-103] Failed to parse JSON schema file '" + schemas + "tellura/TQSolutionSchema.json" +
+                parseError,
+            failure([&] {
+              TQCompilerSolutionReaderJSON::readFromJsonFile(in, "r.json", *design.part, design.model, design.traffic,
+                                                             design.solution, status);
+            }));
+  std::ostringstream out;
+  EXPECT_EQ(
+      "ERROR: [tarvo 8-103] Failed to parse JSON schema file '" + schemas + "noc/schemas/constraints.json" + parseError,
+      failure([&] {
+        TQCompilerShimConstraintsWriterJSON::writeToJsonFile(out, design.model, design.traffic, design.solution,
+                                                             *design.part, "top/kpe", status);
+      }));
+  EXPECT_EQ("", out.str());
 }
 
 }  // namespace

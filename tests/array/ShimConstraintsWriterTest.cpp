@@ -45,14 +45,15 @@ struct ShimConstraintsWriterTest : public ::testing::Test {
         {"tri", {"t1", "t2", "t3"}, false, 16, 200.0, false, {{"c/tri", "S_X4Y0/M1"}}},
         {"x", {"x"}, false, 32, 500.0, false, {{"c/x_a", "S_X3Y0/M1"}, {"c/x_b", "S_X3Y0/M2"}}},
         {"h", {"h"}, false, 32, 500.0, false, {{"c/h<0>_INST", ""}, {"c/h<1>_INST", "S_X4Y0/M2"}}},
-        {"none", {"none"}, false, 32, 500.0, false, {{"c/none", ""}}},
+        {"none", {"none"}, false, 32, 500.0, false, {{"?c/none", ""}}},
         {"nochannels", {"nc"}, false, 32, 500.0, false, {}},
     };
     for (PortSpec const& spec : ports) {
       std::vector<std::string> channels;
       for (auto const& channel : spec.channels)
         channels.push_back(channel.first);
-      TQLogicalPort* port = design.addPort(kpe, spec.name, channels);
+      // Channels marked "?" are unknown to the traffic specification.
+      TQLogicalPort* port = design.addPort(kpe, spec.name, channels, channels.empty() || channels[0][0] != '?');
       port->setAnnotations(spec.annotations);
       port->setType(spec.gmio ? TQLogicalConnectionDataFlowTypeEnum::Mem : TQLogicalConnectionDataFlowTypeEnum::Stream);
       port->setBusWidth(spec.busWidth);
@@ -142,10 +143,12 @@ TEST_F(ShimConstraintsWriterTest, WithoutKPEInstancesPortDataIsLeftAlone) {
   std::ostringstream out;
   EXPECT_TRUE(Writer::writeToJsonFile(out, empty.model, empty.traffic, empty.solution, *empty.part, "kpe", status));
   EXPECT_EQ("", out.str());
+  EXPECT_FALSE(Writer::writeToJsonFile(tarvo_test::dataPath("array/no/such/dir.json"), design.model, design.traffic,
+                                       design.solution, *design.part, "kpe", status));
 }
 
 TEST_F(ShimConstraintsWriterTest, ASchemaFailureStopsTheTextAndNamesTheRule) {
-  StrictSchemas strict;
+  SchemaDir strict("strict");
   tarvo_test::MessageCapture capture;
   EXPECT_EQ("{\n  \"Placement\": [\n    {\n      \"LogicalInstance\": \"a0\",\n      \"PhysicalInstance\": [",
             write("kpe", false));
