@@ -1,7 +1,9 @@
 #ifndef KPE_CONSTRAINTS_DEFAULTEDATTR_H
 #define KPE_CONSTRAINTS_DEFAULTEDATTR_H
 
+#include <memory>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "HATAttr.h"
@@ -14,12 +16,16 @@ namespace constraints {
 // default, however it got there: writing the default, or arithmetic that lands on it, makes
 // the cell unset again. The flag lives in the HATAttr state (STATE_DEFAULT).
 //
-// The default is known from the cell's own kind and not stored: a store holds hundreds of
-// thousands of cells, and a second HATAttr would add half again to each.
+// A store holds hundreds of thousands of cells, most of them numbers, so a cell keeps no more
+// than its HATAttr and its own kind inline: the default is known from the kind, and the string
+// or list that a string or list cell hands out by reference lives apart, made with the cell.
 class DefaultedAttr {
  public:
   // Kinds used: BOOL, INT, DOUBLE, STRING, STRING_LIST.
   explicit DefaultedAttr(HATAttr::Kind kind);
+  DefaultedAttr(DefaultedAttr const& other);
+  DefaultedAttr& operator=(DefaultedAttr const& other);
+  ~DefaultedAttr();
 
   HATAttr::Kind getKind() const { return m_attr.getKind(); }
   bool isSet() const { return !m_attr.hasStateFlag(HATAttr::STATE_DEFAULT); }
@@ -28,8 +34,10 @@ class DefaultedAttr {
   bool getBool() const { return m_attr.getBoolVal(); }
   int getInt() const { return m_attr.getIntVal(); }
   double getDouble() const { return m_attr.getDoubleVal(); }
-  std::string const& getString() const { return m_string; }
-  std::vector<std::string> const& getStringList() const { return m_list; }
+  // The string of a string cell, empty for cells of other kinds.
+  std::string const& getString() const;
+  // The list of a list cell, empty for cells of other kinds.
+  std::vector<std::string> const& getStringList() const;
   // The value as text, whatever the kind.
   std::string toString() const { return m_attr.getStringVal(); }
 
@@ -40,16 +48,20 @@ class DefaultedAttr {
   void setStringList(std::vector<std::string> const& value);
 
  private:
+  // getStringVal of a string cell, or the list of a list cell, kept for reference reads.
+  typedef std::variant<std::string, std::vector<std::string>> Cache;
+
   // The default value of the cell's own kind.
   static HATAttr const& defaultOf(HATAttr::Kind kind);
+  static std::unique_ptr<Cache> makeCache(HATAttr::Kind ownKind);
   void updateDefaultFlag();
   void refreshCaches();
 
   HATAttr m_attr;
   // The kind the cell was made with; a set of another kind converts m_attr, not this.
   HATAttr::Kind m_ownKind;
-  std::string m_string;             // getStringVal of the cell, kept for reference reads
-  std::vector<std::string> m_list;  // in step with the cell's list
+  // Null for cells of other kinds than STRING and STRING_LIST.
+  std::unique_ptr<Cache> m_cache;
 };
 
 }  // namespace constraints

@@ -39,9 +39,46 @@ HATAttr const& DefaultedAttr::defaultOf(HATAttr::Kind kind) {
 }
 
 // A kind this class does not use makes a list cell, as its default is the empty list.
-DefaultedAttr::DefaultedAttr(HATAttr::Kind kind) : m_attr(defaultOf(kind)), m_ownKind(m_attr.getKind()) {
-  refreshCaches();
+DefaultedAttr::DefaultedAttr(HATAttr::Kind kind)
+    : m_attr(defaultOf(kind)), m_ownKind(m_attr.getKind()), m_cache(makeCache(m_ownKind)) {
   m_attr.setStateFlag(HATAttr::STATE_DEFAULT);
+}
+
+DefaultedAttr::DefaultedAttr(DefaultedAttr const& other)
+    : m_attr(other.m_attr),
+      m_ownKind(other.m_ownKind),
+      m_cache(other.m_cache ? std::make_unique<Cache>(*other.m_cache) : nullptr) {}
+
+// A cache is assigned in place and never dropped, so that what getString or getStringList
+// handed out stays valid, as it would for a member.
+DefaultedAttr& DefaultedAttr::operator=(DefaultedAttr const& other) {
+  if (this == &other) return *this;
+  m_attr = other.m_attr;
+  m_ownKind = other.m_ownKind;
+  if (other.m_cache && m_cache)
+    *m_cache = *other.m_cache;
+  else if (other.m_cache)
+    m_cache = std::make_unique<Cache>(*other.m_cache);
+  return *this;
+}
+
+DefaultedAttr::~DefaultedAttr() = default;
+
+// The cache starts as the default of the kind: the empty string or the empty list.
+std::unique_ptr<DefaultedAttr::Cache> DefaultedAttr::makeCache(HATAttr::Kind ownKind) {
+  if (ownKind == HATAttr::STRING) return std::make_unique<Cache>(std::in_place_type<std::string>);
+  if (ownKind == HATAttr::STRING_LIST) return std::make_unique<Cache>(std::in_place_type<std::vector<std::string>>);
+  return nullptr;
+}
+
+std::string const& DefaultedAttr::getString() const {
+  static std::string const none;
+  return m_ownKind == HATAttr::STRING ? std::get<std::string>(*m_cache) : none;
+}
+
+std::vector<std::string> const& DefaultedAttr::getStringList() const {
+  static std::vector<std::string> const none;
+  return m_ownKind == HATAttr::STRING_LIST ? std::get<std::vector<std::string>>(*m_cache) : none;
 }
 
 void DefaultedAttr::reset() {
@@ -91,10 +128,10 @@ void DefaultedAttr::updateDefaultFlag() {
       isDefault = m_attr.getDoubleVal() == byDefault.getDoubleVal();
       break;
     case HATAttr::STRING:
-      isDefault = m_string == byDefault.getStringVal();
+      isDefault = getString() == byDefault.getStringVal();
       break;
     default:
-      isDefault = m_list == byDefault.getStringList();
+      isDefault = getStringList() == byDefault.getStringList();
       break;
   }
   if (isDefault) {
@@ -106,9 +143,9 @@ void DefaultedAttr::updateDefaultFlag() {
 
 void DefaultedAttr::refreshCaches() {
   if (m_ownKind == HATAttr::STRING) {
-    m_string = m_attr.getStringVal();
+    std::get<std::string>(*m_cache) = m_attr.getStringVal();
   } else if (m_ownKind == HATAttr::STRING_LIST) {
-    m_list = m_attr.getStringList();
+    std::get<std::vector<std::string>>(*m_cache) = m_attr.getStringList();
   }
 }
 
