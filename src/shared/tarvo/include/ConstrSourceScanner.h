@@ -6,7 +6,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace kpe {
@@ -20,8 +19,9 @@ namespace constraints {
 // indexed, so that each search is a hash look-up and a binary search rather than a pass over
 // the file. Only the distinct texts are kept, not the file: each gets a number when first
 // seen, and the occurrences of all texts share one array, grouped by text in file order.
-// Searches for texts with a double quote inside fall back to a line-by-line search of the
-// file.
+// The texts are found through an open-addressing table of small slots, as the pass looks up
+// every quoted text of the file. Searches for texts with a double quote inside fall back to a
+// line-by-line search of the file.
 class ConstrSourceScanner {
  public:
   enum class State { NotLoaded, NoFileName, NotRegularFile, CannotOpen, Loaded };
@@ -51,10 +51,16 @@ class ConstrSourceScanner {
     std::uint32_t line;
     std::uint32_t column;
   };
-  // Where the occurrences of one quoted text lie in m_occurrences, in file order.
-  struct Postings {
+  // A distinct quoted text and where its occurrences lie in m_occurrences, in file order.
+  struct Text {
+    std::string_view text;
     std::uint32_t begin;
     std::uint32_t count;
+  };
+  // A slot of the table: the hash of a text and its number plus one, 0 in a free slot.
+  struct Slot {
+    std::uint32_t hash;
+    std::uint32_t numberPlusOne;
   };
   // What the pass over the file collects: the number of the text of each occurrence and
   // the occurrence itself, both in file order.
@@ -66,7 +72,12 @@ class ConstrSourceScanner {
   void index(std::istream& in);
   void indexLine(std::string_view line, std::uint32_t lineNumber, Pass& pass);
   void groupByText(Pass const& pass);
-  // A lasting copy of a text of the file, for a key of m_numbers.
+  // The number of a text, made for a text not seen before.
+  std::uint32_t numberOf(std::string_view text);
+  // The text of that content, or null.
+  Text const* lookUp(std::string_view text) const;
+  void growTable();
+  // A lasting copy of a text of the file, for m_texts.
   std::string_view keep(std::string_view text);
   // The first match of the quoted text on a line after `afterLine`.
   bool findAfter(std::string const& text, std::uint32_t afterLine, Occurrence& found) const;
@@ -74,11 +85,12 @@ class ConstrSourceScanner {
 
   std::string m_fileName;
   State m_state = State::NotLoaded;
-  // Each distinct quoted text and its number, the index into m_postings.
-  std::unordered_map<std::string_view, std::uint32_t> m_numbers;
-  std::vector<Postings> m_postings;
+  // The distinct quoted texts by number, and the table that finds them: a power of two in
+  // size, at most half full.
+  std::vector<Text> m_texts;
+  std::vector<Slot> m_slots;
   std::vector<Occurrence> m_occurrences;
-  // The bytes of the texts of m_numbers, in blocks that never move.
+  // The bytes of the texts of m_texts, in blocks that never move.
   std::vector<std::unique_ptr<char[]>> m_textBlocks;
   char* m_textNext = nullptr;
   std::size_t m_textFree = 0;

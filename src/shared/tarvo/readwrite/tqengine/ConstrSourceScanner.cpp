@@ -13,6 +13,21 @@ namespace {
 
 std::size_t const kReadBlockSize = std::size_t(1) << 16;
 std::size_t const kTextBlockSize = std::size_t(1) << 16;
+std::size_t const kFirstTableSize = std::size_t(1) << 12;
+
+// FNV-1a with a final mix, so that texts that differ only in their last characters, as
+// generated names do, spread over the low bits that choose a slot.
+std::uint32_t hashOf(std::string_view text) {
+  std::uint32_t hash = 2166136261u;
+  for (char c : text) {
+    hash ^= static_cast<unsigned char>(c);
+    hash *= 16777619u;
+  }
+  hash ^= hash >> 16;
+  hash *= 0x85ebca6bu;
+  hash ^= hash >> 13;
+  return hash;
+}
 
 }  // namespace
 
@@ -63,11 +78,7 @@ void ConstrSourceScanner::indexLine(std::string_view line, std::uint32_t lineNum
   while (open != std::string_view::npos) {
     std::size_t const close = line.find('"', open + 1);
     if (close == std::string_view::npos) return;
-    std::string_view const text = line.substr(open + 1, close - open - 1);
-    auto number = m_numbers.find(text);
-    if (number == m_numbers.end())
-      number = m_numbers.emplace(keep(text), static_cast<std::uint32_t>(m_numbers.size())).first;
-    pass.numbers.push_back(number->second);
+    pass.numbers.push_back(numberOf(line.substr(open + 1, close - open - 1)));
     pass.occurrences.push_back({lineNumber, static_cast<std::uint32_t>(open + 1)});
     open = close;
   }
@@ -75,20 +86,60 @@ void ConstrSourceScanner::indexLine(std::string_view line, std::uint32_t lineNum
 
 // A counting sort by text number, which keeps file order within each text.
 void ConstrSourceScanner::groupByText(Pass const& pass) {
-  m_postings.assign(m_numbers.size(), Postings{0, 0});
   for (std::uint32_t number : pass.numbers)
-    ++m_postings[number].count;
+    ++m_texts[number].count;
   std::uint32_t begin = 0;
-  for (Postings& postings : m_postings) {
-    postings.begin = begin;
-    begin += postings.count;
-    postings.count = 0;
+  for (Text& text : m_texts) {
+    text.begin = begin;
+    begin += text.count;
+    text.count = 0;
   }
   m_occurrences.resize(pass.occurrences.size());
   for (std::size_t i = 0; i < pass.numbers.size(); ++i) {
-    Postings& postings = m_postings[pass.numbers[i]];
-    m_occurrences[postings.begin + postings.count++] = pass.occurrences[i];
+    Text& text = m_texts[pass.numbers[i]];
+    m_occurrences[text.begin + text.count++] = pass.occurrences[i];
   }
+}
+
+std::uint32_t ConstrSourceScanner::numberOf(std::string_view text) {
+  if (m_slots.empty()) m_slots.assign(kFirstTableSize, Slot{0, 0});
+  std::uint32_t const hash = hashOf(text);
+  std::size_t const mask = m_slots.size() - 1;
+  for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+    Slot& slot = m_slots[i];
+    if (slot.numberPlusOne == 0) {
+      std::uint32_t const number = static_cast<std::uint32_t>(m_texts.size());
+      m_texts.push_back(Text{keep(text), 0, 0});
+      slot = Slot{hash, number + 1};
+      if (2 * m_texts.size() > m_slots.size()) growTable();
+      return number;
+    }
+    if (slot.hash == hash && m_texts[slot.numberPlusOne - 1].text == text) return slot.numberPlusOne - 1;
+  }
+}
+
+ConstrSourceScanner::Text const* ConstrSourceScanner::lookUp(std::string_view text) const {
+  if (m_slots.empty()) return nullptr;
+  std::uint32_t const hash = hashOf(text);
+  std::size_t const mask = m_slots.size() - 1;
+  for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+    Slot const& slot = m_slots[i];
+    if (slot.numberPlusOne == 0) return nullptr;
+    if (slot.hash == hash && m_texts[slot.numberPlusOne - 1].text == text) return &m_texts[slot.numberPlusOne - 1];
+  }
+}
+
+void ConstrSourceScanner::growTable() {
+  std::vector<Slot> slots(2 * m_slots.size(), Slot{0, 0});
+  std::size_t const mask = slots.size() - 1;
+  for (Slot const& slot : m_slots) {
+    if (slot.numberPlusOne == 0) continue;
+    std::size_t i = slot.hash & mask;
+    while (slots[i].numberPlusOne != 0)
+      i = (i + 1) & mask;
+    slots[i] = slot;
+  }
+  m_slots.swap(slots);
 }
 
 std::string_view ConstrSourceScanner::keep(std::string_view text) {
@@ -108,11 +159,10 @@ std::string_view ConstrSourceScanner::keep(std::string_view text) {
 
 bool ConstrSourceScanner::findAfter(std::string const& text, std::uint32_t afterLine, Occurrence& found) const {
   if (text.find('"') != std::string::npos) return searchLines('"' + text + '"', afterLine, found);
-  auto const number = m_numbers.find(std::string_view(text));
-  if (number == m_numbers.end()) return false;
-  Postings const& postings = m_postings[number->second];
-  auto const first = m_occurrences.begin() + postings.begin;
-  auto const last = first + postings.count;
+  Text const* const entry = lookUp(text);
+  if (entry == nullptr) return false;
+  auto const first = m_occurrences.begin() + entry->begin;
+  auto const last = first + entry->count;
   auto const next =
       std::upper_bound(first, last, afterLine, [](std::uint32_t line, Occurrence const& o) { return line < o.line; });
   if (next == last) return false;
