@@ -100,6 +100,27 @@ TEST(Attr, CellsConvertAndCarryState) {
   EXPECT_NE(list, cell);
 }
 
+// Texts and lists live apart from the cell: copies are deep, a list outlives sets of other
+// kinds, and a text set empty again reads empty.
+TEST(Attr, CopiesAreDeepAndAListOutlivesOtherKinds) {
+  HATAttr cell(HATAttr::STRING_LIST);
+  cell.setStringList({"a"});
+  HATAttr copy(cell);
+  copy.setStringList({"b", "c"});
+  cell.setDoubleVal(2.5);
+  EXPECT_EQ(cell.getStringList(), std::vector<std::string>{"a"});
+  EXPECT_EQ(cell.getIntVal(), 2);
+  EXPECT_EQ(copy.getIntVal(), 2);
+  cell = copy;
+  copy.setStringVal("x");
+  copy.setStringVal("");
+  EXPECT_EQ(copy.getStringVal(), "");
+  EXPECT_FALSE(copy.getBoolVal());
+  EXPECT_EQ(cell.getStringVal(), "b c");
+  EXPECT_EQ(HATAttr(HATAttr::DOUBLE).getDoubleVal(), 0.0);
+  EXPECT_EQ(HATAttr(HATAttr::STRING), HATAttr(copy));
+}
+
 TEST(Params, ProgramSetValuesAndBooleanReading) {
   HPAParamMgr& params = HPAParamMgr::getParamMgr();
   params.setValue("test.flag", "1");
