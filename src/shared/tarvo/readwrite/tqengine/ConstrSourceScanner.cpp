@@ -15,18 +15,33 @@ std::size_t const kReadBlockSize = std::size_t(1) << 16;
 std::size_t const kTextBlockSize = std::size_t(1) << 16;
 std::size_t const kFirstTableSize = std::size_t(1) << 12;
 
-// FNV-1a with a final mix, so that texts that differ only in their last characters, as
-// generated names do, spread over the low bits that choose a slot.
+// Eight bytes at a time, with a final mix, so that texts that differ only in their last
+// characters, as generated names do, spread over the low bits that choose a slot.
 std::uint32_t hashOf(std::string_view text) {
-  std::uint32_t hash = 2166136261u;
-  for (char c : text) {
-    hash ^= static_cast<unsigned char>(c);
-    hash *= 16777619u;
+  std::uint64_t const multiplier = 0x9E3779B97F4A7C15ull;
+  std::uint64_t hash = text.size() * multiplier;
+  std::size_t at = 0;
+  for (; at + 8 <= text.size(); at += 8) {
+    std::uint64_t word;
+    std::memcpy(&word, text.data() + at, 8);
+    hash = (hash ^ word) * multiplier;
+    hash ^= hash >> 29;
   }
-  hash ^= hash >> 16;
-  hash *= 0x85ebca6bu;
-  hash ^= hash >> 13;
-  return hash;
+  // The last bytes: the final eight, overlapping what came before, or one by one in a text
+  // shorter than that.
+  if (at < text.size()) {
+    std::uint64_t word = 0;
+    if (text.size() >= 8) {
+      std::memcpy(&word, text.data() + text.size() - 8, 8);
+    } else {
+      for (char c : text)
+        word = (word << 8) | static_cast<unsigned char>(c);
+    }
+    hash = (hash ^ word) * multiplier;
+  }
+  hash ^= hash >> 32;
+  hash *= multiplier;
+  return static_cast<std::uint32_t>(hash >> 32);
 }
 
 }  // namespace
