@@ -2,22 +2,24 @@
 #define DEVHRDIPDEFINITIONS_H
 
 // The enumerations of the traffic design library: protocols, traffic classes, write orders,
-// memory-controller ports and the kinds of on-chip blocks.
+// memory-controller ports and the kinds of on-chip blocks. Each has a fixed underlying type,
+// so that a value outside the named ones (which writers turn into the fallback text) is a
+// valid value of the type.
 namespace DevHrdIP {
 namespace Definitions {
 
-enum AxiProt { AXI_STRM = 0, AXI_MM = 1 };
+enum AxiProt : int { AXI_STRM = 0, AXI_MM = 1 };
 
-enum TrafficClass { TC_BE = 0, TC_LL = 1, TC_ISOC = 2, TC_BW = 3 };
+enum TrafficClass : int { TC_BE = 0, TC_LL = 1, TC_ISOC = 2, TC_BW = 3 };
 
-enum Write_Order { WO_STRICT = 0, WO_RELAXED = 1, WO_DOORBELL = 2, WO_INVALID = 3 };
+enum Write_Order : int { WO_STRICT = 0, WO_RELAXED = 1, WO_DOORBELL = 2, WO_INVALID = 3 };
 
 // Single bits, so that a set of ports fits one mask; 0 is no valid port.
-enum PORT_TYPE { PORT_INVALID = 0, PORT0 = 1, PORT1 = 2, PORT2 = 4, PORT3 = 8 };
+enum PORT_TYPE : int { PORT_INVALID = 0, PORT0 = 1, PORT1 = 2, PORT2 = 4, PORT3 = 8 };
 
 // What a block kind is on the NoC: a master sends requests into it, a slave answers them,
 // and the rest (switches, array-side channels, array resources) is neither.
-enum CompRole { ROLE_MASTER = 0, ROLE_SLAVE = 1, ROLE_NONE = 2 };
+enum CompRole : int { ROLE_MASTER = 0, ROLE_SLAVE = 1, ROLE_NONE = 2 };
 
 // Every kind of on-chip block, in value order, with its NoC role. The enumerator names are
 // the texts of the documents.
@@ -143,7 +145,7 @@ enum CompRole { ROLE_MASTER = 0, ROLE_SLAVE = 1, ROLE_NONE = 2 };
   ROW(COMPERR, ROLE_NONE)
 
 #define DEVHRDIP_COMP_TYPE_ENUMERATOR(name, role) name,
-enum COMP_TYPE { DEVHRDIP_COMP_TYPE_ROWS(DEVHRDIP_COMP_TYPE_ENUMERATOR) };
+enum COMP_TYPE : int { DEVHRDIP_COMP_TYPE_ROWS(DEVHRDIP_COMP_TYPE_ENUMERATOR) };
 #undef DEVHRDIP_COMP_TYPE_ENUMERATOR
 
 // The rows that other code relies on by value.
