@@ -34,7 +34,7 @@ class TrafficLInst {
   TrafficLInst(TrafficLInst const&) = delete;
   TrafficLInst& operator=(TrafficLInst const&) = delete;
 
-  // Creation order within the specification, from 0.
+  // Creation order within the traffic specification, from 0.
   std::size_t getId() const { return m_id; }
   std::string const& getName() const { return m_name; }
   DevHrdIP::Definitions::AxiProt getProtocol() const { return m_protocol; }

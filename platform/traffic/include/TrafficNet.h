@@ -15,7 +15,7 @@ class TrafficNet {
  public:
   enum NetType { READ = 0, WRITE = 1, READ_REQ = 2, WRITE_RESP = 3 };
 
-  // Only the specification makes nets; the key lets it do so in place in its store.
+  // Only the traffic specification makes nets; the key lets it do so in place in its store.
   class Key {
     friend class TrafficSpec;
     Key() = default;
@@ -24,7 +24,7 @@ class TrafficNet {
   TrafficNet(TrafficNet const&) = delete;
   TrafficNet& operator=(TrafficNet const&) = delete;
 
-  // Creation order within the specification, from 0.
+  // Creation order within the traffic specification, from 0.
   std::size_t getId() const { return m_id; }
   NetType getType() const { return m_type; }
   TrafficPath const* getPath() const { return m_path; }

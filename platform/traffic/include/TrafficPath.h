@@ -23,7 +23,7 @@ class TrafficSpec;
 // no values for runs at its defaults. Made and owned by its TrafficSpec.
 class TrafficPath {
  public:
-  // Only the specification makes paths; the key lets it do so in place in its store.
+  // Only the traffic specification makes paths; the key lets it do so in place in its store.
   class Key {
     friend class TrafficSpec;
     Key() = default;
@@ -34,7 +34,7 @@ class TrafficPath {
   TrafficPath& operator=(TrafficPath const&) = delete;
   ~TrafficPath();
 
-  // Position in the specification's list of paths.
+  // Position in the traffic specification's list of paths.
   std::size_t getIndex() const { return m_index; }
   TrafficLInst const* getMaster() const { return m_master; }
   TrafficLInst const* getSlave() const { return m_slave; }
@@ -51,7 +51,7 @@ class TrafficPath {
 
   void setReadPerfSpec(PerfSpec const& spec) { m_defaultRead.perf = spec; }
   void setWritePerfSpec(PerfSpec const& spec) { m_defaultWrite.perf = spec; }
-  // Also makes `phase` a phase of `group` in the specification.
+  // Also makes `phase` a phase of `group` in the traffic specification.
   void setReadPerfSpec(std::string const& group, std::string const& phase, PerfSpec const& spec);
   void setWritePerfSpec(std::string const& group, std::string const& phase, PerfSpec const& spec);
   PerfSpec getReadPerfSpec() const { return m_defaultRead.perf; }

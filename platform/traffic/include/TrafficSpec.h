@@ -116,7 +116,7 @@ class TrafficSpec {
   // Paths and nets are many: they lie in chunks, not one allocation each.
   std::deque<TrafficPath> m_paths;
   std::deque<TrafficNet> m_nets;
-  // Paths by their ends, for getNets only, so that filling the specification need not keep it.
+  // Paths by their ends, for getNets only, so that filling the traffic specification need not keep it.
   mutable std::unordered_map<std::pair<TrafficLInst const*, TrafficLInst const*>, std::vector<TrafficPath const*>,
                              PairHash>
       m_pathsByEnds;

@@ -31,7 +31,7 @@ class NOCJsonTrafficSpecReader {
                                HrdIPToolCntr::TrafficSpec& spec, HDGUIStatus& status);
   static bool readFromJsonFile(std::string const& fileName, HrdIPToolCntr::TrafficSpec& spec, HDGUIStatus& status);
 
-  // Adds the error slave and its routes unless the specification has them. For callers, after
+  // Adds the error slave and its routes unless the traffic specification has them. For callers, after
   // reading.
   static void enableDefaultSlv(HrdIPToolCntr::TrafficSpec& spec);
 };

@@ -136,7 +136,7 @@ class TrafficDocumentReader {
   void readPhaseGroups(Value const& object, TrafficPath& path);
   // The netlist name of an instance that is not virtual; empty when the resolver knows none.
   std::string netlistInstanceName(std::string const& name);
-  // An instance named in the document: its netlist name, and what the specification finds
+  // An instance named in the document: its netlist name, and what the traffic specification finds
   // under that name, looked up once, when a path first names it.
   struct DocumentInstance {
     std::string netlistName;
@@ -151,7 +151,7 @@ class TrafficDocumentReader {
   HIPLogicalObjectNameResolverInterface& m_resolver;
   TrafficSpec& m_spec;
   // By document name, viewing the names in the document, so that paths ask neither the
-  // resolver nor the specification again.
+  // resolver nor the traffic specification again.
   std::unordered_map<std::string_view, DocumentInstance> m_instances;
 };
 
