@@ -109,6 +109,22 @@ TEST_F(ConstrHandlerTest, AttributesAreFoundByCanonicalNameWithoutCase) {
   EXPECT_THROW(store.getAttrConstr("n", ""), HEXAlgException);
 }
 
+TEST_F(ConstrHandlerTest, ConstraintsAreFoundByTheNameOrItsCanonicalFormWithoutCase) {
+  store.setTileConstr("n", "t");
+  store.setAttrConstr(B::NODE, "n", "margin", 1);
+  store.setAttrConstr(B::NODE, "n", "tq.old", 2);
+  BaseConstraint* const tile = store.getTileConstr("n");
+  EXPECT_EQ(tile, store.getConstr("n", "TILE"));
+  EXPECT_EQ(tile, store.getConstr("n", "Kpe.Tile"));
+  EXPECT_EQ(store.getAttrConstr("n", "margin"), store.getConstr("n", "Margin"));
+  EXPECT_EQ("kpe.tq.old", store.getConstr("n", "TQ.OLD")->getConstrName());
+  EXPECT_EQ(nullptr, store.getConstr("n", "pe.tile"));
+  EXPECT_EQ(nullptr, store.getConstr("n", "kpe."));
+  EXPECT_EQ(nullptr, store.getConstr("n", "tq.tile"));
+  EXPECT_EQ(nullptr, store.getConstr("n", ""));
+  EXPECT_EQ(nullptr, store.getConstr("m", "tile"));
+}
+
 TEST_F(ConstrHandlerTest, GroupFlagsAreTakenOnlyByTheCallThatMakesTheGroup) {
   store.addInstGroupConstr("ig", {"a"}, true);
   store.addInstGroupConstr("ig", {"b", "a"}, false);

@@ -25,6 +25,9 @@ class AttrConstr : public BaseConstraint {
   static bool isPredefinedAttrName(std::string const& name);
   // Puts "kpe." before a name that lacks it and upper-cases the predefined names.
   static std::string makeCanonicalAttrName(std::string const& name);
+  // Whether `constrName` equals makeCanonicalAttrName(name) without regard to case, without
+  // making that name.
+  static bool isCanonicalNameOf(std::string const& constrName, std::string const& name);
 
   void clone(ConstrHandler& target, BaseNameResolver const* resolver) const override;
   // The value under the name without prefixes, in lower case; some keys skip negatives.

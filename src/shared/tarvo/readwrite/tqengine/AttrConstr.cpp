@@ -92,6 +92,17 @@ std::string AttrConstr::makeCanonicalAttrName(std::string const& name) {
   return canonical;
 }
 
+// Case does not count, so the upper-casing of predefined names does not either; what is left
+// of makeCanonicalAttrName is the prefix put before a name that lacks it.
+bool AttrConstr::isCanonicalNameOf(std::string const& constrName, std::string const& name) {
+  if (isCanonicalAttrName(name)) {
+    return AsciiCase::equals(constrName, name);
+  }
+  std::string const& prefix = getCanonicalPrefix();
+  return constrName.size() == prefix.size() + name.size() && AsciiCase::startsWith(constrName, prefix) &&
+         AsciiCase::equals(name, constrName.data() + prefix.size(), name.size());
+}
+
 std::string AttrConstr::getDocumentKey() const {
   return AsciiCase::toLowerCopy(withoutPrefix(withoutPrefix(getConstrName(), getCanonicalPrefix()), getOldMEPrefix()));
 }

@@ -316,13 +316,24 @@ void ConstrHandler::getConstrs(std::string const& objName, ConstrType type, Cons
   }
 }
 
+// The first constraint that getConstrs finds by the name, else by its canonical form; asked
+// for every key the reader reads, so it builds neither the list nor the canonical name.
 BaseConstraint* ConstrHandler::getConstr(std::string const& objName, std::string const& attrName) const {
-  ConstrList found;
-  getConstrs(objName, attrName, found);
-  if (found.empty()) {
-    getConstrs(objName, AttrConstr::makeCanonicalAttrName(attrName), found);
+  ConstrList const* const bucket = findBucket(objName);
+  if (bucket == nullptr) {
+    return nullptr;
   }
-  return found.empty() ? nullptr : found.front();
+  for (BaseConstraint* constraint : *bucket) {
+    if (AsciiCase::equals(constraint->getConstrName(), attrName)) {
+      return constraint;
+    }
+  }
+  for (BaseConstraint* constraint : *bucket) {
+    if (AttrConstr::isCanonicalNameOf(constraint->getConstrName(), attrName)) {
+      return constraint;
+    }
+  }
+  return nullptr;
 }
 
 BaseConstraint* ConstrHandler::getConstr(std::string const& objName, ConstrType type) const {
