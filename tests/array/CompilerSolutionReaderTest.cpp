@@ -82,10 +82,17 @@ TEST_F(CompilerSolutionReaderTest, PlacesChannelsByTheParityOfTheDeviceChannel) 
 
 TEST_F(CompilerSolutionReaderTest, AddsToWhatTheSolutionHoldsFirstWins) {
   design.place("ch/p3<0>_INST", "KPE_SHIM_X1Y0/S0");
-  EXPECT_TRUE(readText(R"({"Placement": [{"LogicalInstance": {"InstanceName": "", "PortName": "p3"},
-      "PhysicalInstance": [{"name": "KPE_SHIM_X0Y0_M0"}, {"name": "KPE_SHIM_X0Y0_M1"}]}]})"));
+  // Members in any order; of two equal keys the first counts.
+  EXPECT_TRUE(readText(R"({"Placement": [{"PhysicalInstance": [{"name": "KPE_SHIM_X0Y0_M0"},
+      {"name": "KPE_SHIM_X0Y0_M1", "name": "KPE_SHIM_X1Y0_M1"}], "PhysicalInstance": [{"name": "KPE_SHIM_X1Y0_S1"}],
+      "LogicalInstance": {"InstanceName": "", "PortName": "p3", "PortName": "p1"}}]})"));
   EXPECT_EQ((std::vector<std::string>{"ch/p3<0>_INST@KPE_SHIM_X1Y0/S0", "ch/p3<1>_INST@KPE_SHIM_X0Y0/M1"}),
             placements(design));
+  // A text that fails late adds nothing, not even its valid beginning.
+  EXPECT_THROW(readText(R"({"Placement": [{"LogicalInstance": {"InstanceName": "", "PortName": "p1"},
+      "PhysicalInstance": [{"name": "KPE_SHIM_X0Y0_S0"}]}, {"IsSoft": 1}]})"),
+               HEXAll);
+  EXPECT_EQ(2u, placements(design).size());
 }
 
 TEST_F(CompilerSolutionReaderTest, InstanceNamesAreFoundAsPartsOfFullNamesBehindThePrefix) {

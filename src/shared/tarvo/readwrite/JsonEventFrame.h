@@ -39,9 +39,11 @@ class JsonEventFrame {
   template <typename Target>
   class Emitter;
   // Writes the events that `produce(Emitter&)` sends pretty (indent two blanks) through a
-  // validator on `schema`; true when all of them were valid.
+  // validator on `schema`; true when all of them were valid. Otherwise `violation`, if given,
+  // says where the text failed.
   template <typename Produce>
-  static bool writeValidated(std::ostream& out, rapidjson::SchemaDocument const& schema, Produce const& produce);
+  static bool writeValidated(std::ostream& out, rapidjson::SchemaDocument const& schema, Produce const& produce,
+                             JsonDocumentFrame::SchemaViolation* violation = nullptr);
 
  private:
   template <typename Handler>
@@ -177,6 +179,9 @@ class JsonEventFrame::Emitter {
   void uint64(std::uint64_t value) {
     if (beginValue()) m_ok = m_target.Uint64(value);
   }
+  void int64(std::int64_t value) {
+    if (beginValue()) m_ok = m_target.Int64(value);
+  }
   void real(double value) {
     if (beginValue()) m_ok = m_target.Double(value);
   }
@@ -216,7 +221,7 @@ class JsonEventFrame::Emitter {
 
 template <typename Produce>
 bool JsonEventFrame::writeValidated(std::ostream& out, rapidjson::SchemaDocument const& schema,
-                                    Produce const& produce) {
+                                    Produce const& produce, JsonDocumentFrame::SchemaViolation* violation) {
   typedef JsonForwardingHandler<PrettyWriter> Handler;
   typedef rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, Handler> Validator;
   HCJsonOutputStream stream(out);
@@ -226,6 +231,12 @@ bool JsonEventFrame::writeValidated(std::ostream& out, rapidjson::SchemaDocument
   Validator validator(schema, handler, nullptr, 1024, 256);
   Emitter<Validator> emitter(validator);
   produce(emitter);
+  if (!emitter.ok() && violation != nullptr) {
+    char const* keyword = validator.GetInvalidSchemaKeyword();
+    *violation = {HCRapidJsonReadWriteUtils::GetUriFragment(validator.GetInvalidSchemaPointer()),
+                  keyword != nullptr ? keyword : "",
+                  HCRapidJsonReadWriteUtils::GetUriFragment(validator.GetInvalidDocumentPointer())};
+  }
   return emitter.ok();
 }
 

@@ -8,7 +8,11 @@ bool KPEExchangeDocumentOutput::write(std::ostream& out, JsonDocumentFrame::Valu
       JsonDocumentFrame::loadSchema(schemaPath, JsonDocumentFrame::Opener::PlainFile);
   JsonDocumentFrame::SchemaViolation violation;
   if (JsonDocumentFrame::writeValidated(out, doc, *schema, rapidjson::kFormatDefault, &violation)) return true;
+  reportViolation(violation);
+  return false;
+}
+
+void KPEExchangeDocumentOutput::reportViolation(JsonDocumentFrame::SchemaViolation const& violation) {
   ComMsgMgr::sendMsg::eval(3, __FILE__, __LINE__, "tarvo", ComMsgMgr::MSG_ERROR, "@75-645@%s%s%s",
                            violation.schemaPointer, violation.keyword, violation.documentPointer);
-  return false;
 }

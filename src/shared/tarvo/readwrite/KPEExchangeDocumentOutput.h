@@ -11,8 +11,10 @@
 class KPEExchangeDocumentOutput {
  public:
   // Writes `doc` through the schema at `schemaPath` (failures to load it throw). On a
-  // mismatch sends "@75-645@%s%s%s" and returns false; the text up to the invalid value stays.
+  // mismatch reports it and returns false; the text up to the invalid value stays.
   static bool write(std::ostream& out, JsonDocumentFrame::Value const& doc, std::string const& schemaPath);
+  // Sends "@75-645@%s%s%s" with the schema place, the keyword and the document place.
+  static void reportViolation(JsonDocumentFrame::SchemaViolation const& violation);
 };
 
 #endif

@@ -1,10 +1,12 @@
 #include "TQCompilerSolutionWriterJSON.h"
 
+#include <memory>
 #include <ostream>
 #include <vector>
 
 #include "HSTStrUtils.h"
 #include "JsonDocumentFrame.h"
+#include "JsonEventFrame.h"
 #include "KPEExchangeDocumentOutput.h"
 #include "KPEGRMDeviceUtils.h"
 #include "KPEShimPortSites.h"
@@ -15,9 +17,6 @@ using namespace Tarvo::Frameworks;
 
 namespace {
 
-typedef HCRapidJsonReadWriteUtils Json;
-typedef Json::Value Value;
-
 // The instance's name as the reader will look for it: without the prefix and one "/".
 std::string documentInstanceName(std::string name, std::string const& instancePrefix) {
   if (HSTStrUtils::startsWith(name, instancePrefix)) name.erase(0, instancePrefix.size());
@@ -25,42 +24,84 @@ std::string documentInstanceName(std::string name, std::string const& instancePr
   return name;
 }
 
-// Builds placement objects. Keys are constants and are referenced, not copied: a solution
-// of ten thousands of ports has six keys a site.
-class PlacementBuilder {
- public:
-  PlacementBuilder(HDARPart const& part, Json::Allocator& alloc) : m_part(part), m_alloc(alloc) {}
+// One placement object: the port, the document name of its instance, and its sites, the
+// range [firstSite, endSite) of the list of all sites.
+struct Placement {
+  std::size_t instanceName;
+  TQLogicalPort const* port;
+  std::size_t firstSite;
+  std::size_t endSite;
+};
 
-  Value placement(std::string const& instanceName, std::string const& portName, std::vector<GRMBel> const& sites) {
-    Value logical(rapidjson::kObjectType);
-    logical.AddMember("InstanceName", text(instanceName), m_alloc);
-    logical.AddMember("PortName", text(portName), m_alloc);
-    Value physical(rapidjson::kArrayType);
-    physical.Reserve(static_cast<rapidjson::SizeType>(sites.size()), m_alloc);
-    for (GRMBel const& site : sites)
-      physical.PushBack(siteObject(site), m_alloc);
-    Value object(rapidjson::kObjectType);
-    object.AddMember("LogicalInstance", logical, m_alloc);
-    object.AddMember("PhysicalInstance", physical, m_alloc);
-    object.AddMember("IsSoft", false, m_alloc);
-    return object;
+// What the document holds, gathered before any text is written: with nothing placed
+// nothing is written, and the schema isn't even loaded.
+struct Placements {
+  std::vector<std::string> instanceNames;
+  std::vector<Placement> placements;
+  std::vector<GRMBel> sites;
+
+  void gather(TQLogicalArchModel const& model, HrdIPToolCntr::TrafficSpec const& traffic,
+              KPEShimInterfaceSolution const& solution, std::string const& instancePrefix) {
+    std::vector<TQLogicalTQIPInstance*> instances;
+    model.getTQIPInstances(instances);
+    for (TQLogicalTQIPInstance const* instance : instances) {
+      if (!HSTStrUtils::startsWith(instance->getName(), instancePrefix)) continue;
+      instanceNames.push_back(documentInstanceName(instance->getName(), instancePrefix));
+      for (TQLogicalPort const* port : instance->getPorts()) {
+        if (port == nullptr) continue;
+        std::vector<GRMBel> const placed = KPEShimPortSites::placedSites(*port, traffic, solution);
+        if (placed.empty()) continue;
+        std::size_t name = instanceNames.size() - 1;
+        TQLogicalArchLInst const* parent = port->getParentInstance();
+        if (parent != nullptr && parent != instance) {
+          instanceNames.push_back(documentInstanceName(parent->getName(), instancePrefix));
+          name = instanceNames.size() - 1;
+        }
+        placements.push_back(Placement{name, port, sites.size(), sites.size() + placed.size()});
+        sites.insert(sites.end(), placed.begin(), placed.end());
+      }
+    }
+  }
+
+  template <typename Emitter>
+  void emit(Emitter& emitter, HDARPart const& part) const {
+    emitter.startObject();
+    emitter.key("Placement");
+    emitter.startArray();
+    for (Placement const& placement : placements) {
+      emitter.startObject();
+      emitter.key("LogicalInstance");
+      emitter.startObject();
+      emitter.key("InstanceName");
+      emitter.string(instanceNames[placement.instanceName]);
+      emitter.key("PortName");
+      emitter.string(placement.port->getName());
+      emitter.endObject();
+      emitter.key("PhysicalInstance");
+      emitter.startArray();
+      for (std::size_t site = placement.firstSite; site != placement.endSite; ++site)
+        emitSite(emitter, part, sites[site]);
+      emitter.endArray();
+      emitter.key("IsSoft");
+      emitter.boolean(false);
+      emitter.endObject();
+    }
+    emitter.endArray();
+    emitter.endObject();
   }
 
  private:
-  Value text(std::string const& value) {
-    return Value(value.data(), static_cast<rapidjson::SizeType>(value.size()), m_alloc);
+  template <typename Emitter>
+  static void emitSite(Emitter& emitter, HDARPart const& part, GRMBel const& site) {
+    emitter.startObject();
+    emitter.key("name");
+    emitter.string(KPEGRMDeviceUtils::getHierName(part, site));
+    emitter.key("column");
+    emitter.int64(KPEGRMDeviceUtils::getShimColumn(part, site));
+    emitter.key("channel");
+    emitter.int64(KPEGRMDeviceUtils::getIndexOfChanInShim(part, site));
+    emitter.endObject();
   }
-
-  Value siteObject(GRMBel const& site) {
-    Value object(rapidjson::kObjectType);
-    object.AddMember("name", text(KPEGRMDeviceUtils::getHierName(m_part, site)), m_alloc);
-    object.AddMember("column", KPEGRMDeviceUtils::getShimColumn(m_part, site), m_alloc);
-    object.AddMember("channel", KPEGRMDeviceUtils::getIndexOfChanInShim(m_part, site), m_alloc);
-    return object;
-  }
-
-  HDARPart const& m_part;
-  Json::Allocator& m_alloc;
 };
 
 }  // namespace
@@ -70,29 +111,19 @@ bool TQCompilerSolutionWriterJSON::writeToJsonFile(std::string const& instancePr
                                                    HrdIPToolCntr::TrafficSpec const& traffic,
                                                    KPEShimInterfaceSolution const& solution, HDARPart const& part,
                                                    HDGUIStatus&) {
-  Json::Document doc(rapidjson::kObjectType);
-  Value placements(rapidjson::kArrayType);
-  PlacementBuilder builder(part, doc.GetAllocator());
-  std::vector<TQLogicalTQIPInstance*> instances;
-  model.getTQIPInstances(instances);
-  for (TQLogicalTQIPInstance const* instance : instances) {
-    if (!HSTStrUtils::startsWith(instance->getName(), instancePrefix)) continue;
-    std::string const instanceName = documentInstanceName(instance->getName(), instancePrefix);
-    for (TQLogicalPort const* port : instance->getPorts()) {
-      if (port == nullptr) continue;
-      std::vector<GRMBel> const sites = KPEShimPortSites::placedSites(*port, traffic, solution);
-      if (sites.empty()) continue;
-      TQLogicalArchLInst const* parent = port->getParentInstance();
-      placements.PushBack(builder.placement(parent == nullptr || parent == instance
-                                                ? instanceName
-                                                : documentInstanceName(parent->getName(), instancePrefix),
-                                            port->getName(), sites),
-                          doc.GetAllocator());
-    }
-  }
-  if (placements.Empty()) return true;
-  doc.AddMember("Placement", placements, doc.GetAllocator());
-  return KPEExchangeDocumentOutput::write(out, doc, NOCJsonReadWriteUtils::getTQSolutionJsonSchemaFile());
+  Placements placements;
+  placements.gather(model, traffic, solution, instancePrefix);
+  if (placements.placements.empty()) return true;
+  std::unique_ptr<rapidjson::SchemaDocument> const schema =
+      JsonDocumentFrame::loadSchema(NOCJsonReadWriteUtils::getTQSolutionJsonSchemaFile());
+  JsonDocumentFrame::SchemaViolation violation;
+  // The document is written as it is walked, without a tree: a tree of ten thousands of
+  // ports costs as much to build as to write.
+  if (JsonEventFrame::writeValidated(
+          out, *schema, [&](auto& emitter) { placements.emit(emitter, part); }, &violation))
+    return true;
+  KPEExchangeDocumentOutput::reportViolation(violation);
+  return false;
 }
 
 bool TQCompilerSolutionWriterJSON::writeToJsonFile(std::ostream& out, TQLogicalArchModel const& model,
