@@ -3,6 +3,7 @@
 
 #include <rapidjson/schema.h>
 
+#include <array>
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -82,9 +83,10 @@ class ConstrReader {
   void readStreamChannel(std::string const& name, JsonValue const& value);
   void readMem(std::string const& name, JsonValue const& value);
   void readBuffers(std::string const& name, JsonValue const& value);
-  // The addresses of "mem" or "buffers"; false, with a message, when the array is unfit.
+  // The addresses of "mem" or "buffers" into unset ones; false, with a message, when the
+  // array is unfit.
   bool readAddresses(std::string const& name, std::string const& key, JsonValue const& value,
-                     std::vector<Address>& addresses);
+                     std::array<Address, 3>& addresses);
   void readColocatedNodeLists(BaseConstraint::ConstrType kind, ObjectType type, std::string const& name,
                               JsonValue const& value, bool notColocated, bool onlyIfAny);
   void readColocatedPorts(std::string const& name, JsonValue const& value, NameList list);

@@ -81,6 +81,9 @@ class ConstrSourceScanner {
   std::string_view keep(std::string_view text);
   // The first match of the quoted text on a line after `afterLine`.
   bool findAfter(std::string const& text, std::uint32_t afterLine, Occurrence& found) const;
+  // The first match of the quoted name; the last name found is remembered, as the keys of
+  // one object are searched one after the other behind the same name.
+  bool findFirst(std::string const& name, Occurrence& found);
   bool searchLines(std::string const& needle, std::uint32_t afterLine, Occurrence& found) const;
 
   std::string m_fileName;
@@ -90,6 +93,7 @@ class ConstrSourceScanner {
   std::vector<Text> m_texts;
   std::vector<Slot> m_slots;
   std::vector<Occurrence> m_occurrences;
+  Text const* m_lastName = nullptr;
   // The bytes of the texts of m_texts, in blocks that never move.
   std::vector<std::unique_ptr<char[]>> m_textBlocks;
   char* m_textNext = nullptr;

@@ -1,5 +1,6 @@
 #include "ConstrReader.h"
 
+#include <cstring>
 #include <fstream>
 #include <istream>
 
@@ -42,6 +43,14 @@ bool startsWith(std::string const& textValue, char const* prefix) {
   return textValue.rfind(prefix, 0) == 0;
 }
 
+// Whether the member name is `key` followed by the source suffix; asked for every key.
+bool isSourceKeyOf(JsonValue const& name, std::string const& key) {
+  std::size_t const suffixSize = std::strlen(kSrcInfoSuffix);
+  return name.GetStringLength() == key.size() + suffixSize &&
+         key.compare(0, key.size(), name.GetString(), key.size()) == 0 &&
+         std::memcmp(name.GetString() + key.size(), kSrcInfoSuffix, suffixSize) == 0;
+}
+
 // The section `key` of the root, if it is an object with members.
 JsonValue const* section(JsonValue const& root, char const* key) {
   json::JBaseValue const found(root, key);
@@ -60,13 +69,11 @@ bool trueMember(JsonValue const& object, char const* key) {
   return json::JBool(object, key).get();
 }
 
-Address readAddress(JsonValue const& object) {
-  Address address;
+void readAddress(JsonValue const& object, Address& address) {
   address.setColumn(intMember(object, "column"));
   address.setRow(intMember(object, "row"));
   address.setBankId(intMember(object, "bankId"));
   address.setOffset(intMember(object, "offset"));
-  return address;
 }
 
 // The messages of a range item with no low place, by list: with the item's text, without.
@@ -332,7 +339,6 @@ void ConstrReader::readFifoRecords(JsonValue const& records) {
 void ConstrReader::readObject(JsonValue const& object, std::string const& name, ObjectType type) {
   if (!object.IsObject()) return;
   std::string key;
-  std::string nextKey;
   for (auto member = object.MemberBegin(); member != object.MemberEnd(); ++member) {
     text(member->name, key);
     if (type == BaseConstraint::NODE)
@@ -340,7 +346,7 @@ void ConstrReader::readObject(JsonValue const& object, std::string const& name, 
     else
       readPortKey(name, key, member->value);
     auto const next = member + 1;
-    if (next != object.MemberEnd() && text(next->name, nextKey) == key + kSrcInfoSuffix) {
+    if (next != object.MemberEnd() && isSourceKeyOf(next->name, key)) {
       readExplicitSource(name, key, next->value);
       member = next;
     } else {
@@ -357,7 +363,8 @@ void ConstrReader::readNodeKey(std::string const& name, std::string const& key, 
   else if (key == "shim")
     readShim(name, value);
   else if (key == "reserved_memory") {
-    Address const address = readAddress(value);
+    Address address;
+    readAddress(value, address);
     if (address.isSpecified()) m_store.setReservedMemoryConstr(name, address);
   } else if (key == "colocated_nodes")
     readColocatedNodeLists(BaseConstraint::COLOCATED_NODES, BaseConstraint::NODE, name, value, false, true);
@@ -467,19 +474,19 @@ void ConstrReader::readStreamChannel(std::string const& name, JsonValue const& v
 }
 
 void ConstrReader::readMem(std::string const& name, JsonValue const& value) {
-  std::vector<Address> addresses;
+  std::array<Address, 3> addresses;
   if (readAddresses(name, "mem", value, addresses)) m_store.setMemConstr(name, addresses[0], addresses[1]);
 }
 
 void ConstrReader::readBuffers(std::string const& name, JsonValue const& value) {
-  std::vector<Address> addresses;
+  std::array<Address, 3> addresses;
   if (readAddresses(name, "buffers", value, addresses))
     m_store.setBufferConstr(name, addresses[0], addresses[1], addresses[2]);
 }
 
-// Fills three addresses (ping, pong, rtpSelector), the missing ones unset.
+// Fills the given addresses (ping, pong, rtpSelector), leaving the missing ones unset.
 bool ConstrReader::readAddresses(std::string const& name, std::string const& key, JsonValue const& value,
-                                 std::vector<Address>& addresses) {
+                                 std::array<Address, 3>& addresses) {
   char const* problem = nullptr;
   if (!value.IsArray())
     problem = "@75-579@%s%s";
@@ -491,9 +498,8 @@ bool ConstrReader::readAddresses(std::string const& name, std::string const& key
     report(__LINE__, ComMsgMgr::MSG_CRITICAL_WARNING, problem, {m_fileName, name}, positionOf(name, key));
     return false;
   }
-  addresses.assign(3, Address());
   for (rapidjson::SizeType i = 0; i < value.Size(); ++i)
-    addresses[i] = readAddress(value[i]);
+    readAddress(value[i], addresses[i]);
   return true;
 }
 

@@ -199,11 +199,22 @@ bool ConstrSourceScanner::searchLines(std::string const& needle, std::uint32_t a
   return false;
 }
 
+bool ConstrSourceScanner::findFirst(std::string const& name, Occurrence& found) {
+  if (m_lastName == nullptr || m_lastName->text != name) {
+    if (name.find('"') != std::string::npos) return findAfter(name, 0, found);
+    Text const* const entry = lookUp(name);
+    if (entry == nullptr) return false;
+    m_lastName = entry;
+  }
+  found = m_occurrences[m_lastName->begin];
+  return true;
+}
+
 ConstrSourceScanner::Position ConstrSourceScanner::find(std::string const& objName, std::string const& key) {
   Position position;
   Occurrence name{};
   Occurrence at{};
-  if (load() != State::Loaded || !findAfter(objName, 0, name) || !findAfter(key, name.line, at)) return position;
+  if (load() != State::Loaded || !findFirst(objName, name) || !findAfter(key, name.line, at)) return position;
   position.line = static_cast<int>(at.line);
   position.column = static_cast<int>(at.column);
   return position;
@@ -212,7 +223,7 @@ ConstrSourceScanner::Position ConstrSourceScanner::find(std::string const& objNa
 ConstrSourceScanner::Position ConstrSourceScanner::find(std::string const& name) {
   Position position;
   Occurrence at{};
-  if (load() != State::Loaded || !findAfter(name, 0, at)) return position;
+  if (load() != State::Loaded || !findFirst(name, at)) return position;
   position.line = static_cast<int>(at.line);
   position.column = static_cast<int>(at.column);
   return position;
