@@ -1,7 +1,6 @@
 #include "HIPDeviceLoader.h"
 
 #include <rapidjson/schema.h>
-#include <rapidjson/stringbuffer.h>
 
 #include <fstream>
 #include <iterator>
@@ -49,12 +48,6 @@ CompRole roleOf(Value const& entry, COMP_TYPE type) {
   return ROLE_NONE;
 }
 
-std::string uriFragment(rapidjson::Pointer const& pointer) {
-  rapidjson::StringBuffer text;
-  pointer.StringifyUriFragment(text);
-  return std::string(text.GetString(), text.GetSize());
-}
-
 void parse(std::istream& in, std::string const& fileName, Json::Document& doc) {
   HCJsonInputStream stream(in);
   rapidjson::ParseResult const result = Json::ParseStream(stream, doc);
@@ -73,7 +66,7 @@ void validate(Json::Document const& doc, std::string const& fileName) {
   if (result.IsError()) Json::errorParsingSchemaFile(schemaPath, Json::GetErrorMsgFromParse(result, stream));
   rapidjson::SchemaDocument const schema(schemaDoc);
   rapidjson::SchemaValidator validator(schema);
-  if (!doc.Accept(validator)) Json::errorParsingJsonFile(fileName, uriFragment(validator.GetInvalidDocumentPointer()));
+  if (!doc.Accept(validator)) Json::errorParsingJsonFile(fileName, Json::GetUriFragment(validator.GetInvalidDocumentPointer()));
 }
 
 // Builds the NoC from a description that passed the schema, or that is the compiled-in one.
