@@ -247,8 +247,8 @@ class ConstrHandler {
  private:
   // The index entry of a name, or null.
   ConstrList const* findBucket(std::string const& objName) const;
-  // The index entry of a name, made if there is none.
-  ConstrList& bucketFor(std::string const& objName);
+  // The index entry of a name, made if there is none; the name is taken over as its key.
+  ConstrList& bucketFor(std::string objName);
   void rememberBucket(std::pair<std::string const, ConstrList> const& entry) const;
   template <class T>
   T* findInBucket(std::string const& objName) const;

@@ -253,11 +253,11 @@ ConstrHandler::ConstrList const* ConstrHandler::findBucket(std::string const& ob
 }
 
 // The remembered entry lies in this store's own index, which a non-const operation may change.
-ConstrHandler::ConstrList& ConstrHandler::bucketFor(std::string const& objName) {
+ConstrHandler::ConstrList& ConstrHandler::bucketFor(std::string objName) {
   if (m_lastBucket != nullptr && *m_lastName == objName) {
     return const_cast<ConstrList&>(*m_lastBucket);
   }
-  auto& entry = *m_index.try_emplace(objName).first;
+  auto& entry = *m_index.try_emplace(std::move(objName)).first;
   rememberBucket(entry);
   return entry.second;
 }
