@@ -95,11 +95,12 @@ std::string AttrConstr::makeCanonicalAttrName(std::string const& name) {
 // Case does not count, so the upper-casing of predefined names does not either; what is left
 // of makeCanonicalAttrName is the prefix put before a name that lacks it.
 bool AttrConstr::isCanonicalNameOf(std::string const& constrName, std::string const& name) {
-  if (isCanonicalAttrName(name)) {
-    return AsciiCase::equals(constrName, name);
-  }
   std::string const& prefix = getCanonicalPrefix();
-  return constrName.size() == prefix.size() + name.size() && AsciiCase::startsWith(constrName, prefix) &&
+  if (constrName.size() == name.size()) {
+    return isCanonicalAttrName(name) && AsciiCase::equals(constrName, name);
+  }
+  return constrName.size() == prefix.size() + name.size() && !isCanonicalAttrName(name) &&
+         AsciiCase::startsWith(constrName, prefix) &&
          AsciiCase::equals(name, constrName.data() + prefix.size(), name.size());
 }
 

@@ -1,5 +1,7 @@
 #include "BaseNameResolver.h"
 
+#include <iterator>
+
 #include "ComMsgMgr.h"
 
 namespace kpe {
@@ -46,10 +48,14 @@ void resolveList(std::vector<std::string>& names, bool quiet, UnresolvedMessages
   names.swap(resolved);
 }
 
-void appendIfNotEmpty(std::string const& text, std::vector<std::string>& out) {
+void appendIfNotEmpty(std::string text, std::vector<std::string>& out) {
   if (!text.empty()) {
-    out.push_back(text);
+    out.push_back(std::move(text));
   }
+}
+
+void appendAll(std::vector<std::string>& found, std::vector<std::string>& out) {
+  out.insert(out.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
 }
 
 }  // namespace
@@ -98,7 +104,7 @@ void BaseNameResolver::resolveNodeNames(std::vector<std::string>& names) const {
               [this](std::string const& name, std::vector<std::string>& out) {
                 std::vector<std::string> found;
                 resolveNodePattern(name, found);
-                out.insert(out.end(), found.begin(), found.end());
+                appendAll(found, out);
               });
 }
 
@@ -107,7 +113,7 @@ void BaseNameResolver::resolvePortNames(std::vector<std::string>& names) const {
               [this](std::string const& name, std::vector<std::string>& out) {
                 std::vector<std::string> found;
                 resolvePortPattern(name, found);
-                out.insert(out.end(), found.begin(), found.end());
+                appendAll(found, out);
               });
 }
 
@@ -116,7 +122,7 @@ void BaseNameResolver::resolveNetNames(std::vector<std::string>& names) const {
               [this](std::string const& name, std::vector<std::string>& out) {
                 std::vector<std::string> found;
                 resolveNetPattern(name, found);
-                out.insert(out.end(), found.begin(), found.end());
+                appendAll(found, out);
               });
 }
 

@@ -5,14 +5,17 @@ namespace constraints {
 
 namespace {
 
+int const kIntDefault = -1;
+double const kDoubleDefault = -1.0;
+
 HATAttr makeDefault(HATAttr::Kind kind) {
   HATAttr value(kind);
   switch (kind) {
     case HATAttr::INT:
-      value.setIntVal(-1);
+      value.setIntVal(kIntDefault);
       break;
     case HATAttr::DOUBLE:
-      value.setDoubleVal(-1.0);
+      value.setDoubleVal(kDoubleDefault);
       break;
     case HATAttr::BOOL:
       value.setBoolVal(false);
@@ -112,26 +115,26 @@ void DefaultedAttr::setStringList(std::vector<std::string> const& value) {
   updateDefaultFlag();
 }
 
-// Compares by the cell's own kind, so a cell is unset whenever its value equals the default.
+// Compares by the cell's own kind, so a cell is unset whenever its value equals the default
+// of that kind (the values makeDefault gives).
 void DefaultedAttr::updateDefaultFlag() {
   refreshCaches();
-  HATAttr const& byDefault = defaultOf(m_ownKind);
   bool isDefault = false;
   switch (m_ownKind) {
     case HATAttr::BOOL:
-      isDefault = m_attr.getBoolVal() == byDefault.getBoolVal();
+      isDefault = !m_attr.getBoolVal();
       break;
     case HATAttr::INT:
-      isDefault = m_attr.getIntVal() == byDefault.getIntVal();
+      isDefault = m_attr.getIntVal() == kIntDefault;
       break;
     case HATAttr::DOUBLE:
-      isDefault = m_attr.getDoubleVal() == byDefault.getDoubleVal();
+      isDefault = m_attr.getDoubleVal() == kDoubleDefault;
       break;
     case HATAttr::STRING:
-      isDefault = getString() == byDefault.getStringVal();
+      isDefault = getString().empty();
       break;
     default:
-      isDefault = getStringList() == byDefault.getStringList();
+      isDefault = getStringList().empty();
       break;
   }
   if (isDefault) {
