@@ -41,6 +41,8 @@ bool eraseFirst(std::vector<T>& items, T const& item) {
   return true;
 }
 
+std::size_t const kBucketRoom = 3;
+
 bool isGroupKind(BaseConstraint::ConstrType type) {
   return type >= BaseConstraint::AREA_GROUP && type <= BaseConstraint::ISOMORPHIC_GRAPH_GROUP;
 }
@@ -257,9 +259,14 @@ ConstrHandler::ConstrList& ConstrHandler::bucketFor(std::string objName) {
   if (m_lastBucket != nullptr && *m_lastName == objName) {
     return const_cast<ConstrList&>(*m_lastBucket);
   }
-  auto& entry = *m_index.try_emplace(std::move(objName)).first;
-  rememberBucket(entry);
-  return entry.second;
+  auto const made = m_index.try_emplace(std::move(objName));
+  // An object mostly carries a few constraints, and room for three takes no more memory
+  // than room for one.
+  if (made.second) {
+    made.first->second.reserve(kBucketRoom);
+  }
+  rememberBucket(*made.first);
+  return made.first->second;
 }
 
 void ConstrHandler::rememberBucket(std::pair<std::string const, ConstrList> const& entry) const {

@@ -580,7 +580,7 @@ void ConstrReader::readFifoLocations(std::string const& name, JsonValue const& v
 void ConstrReader::readRelativeNodes(std::string const& name, JsonValue const& value) {
   RelativeNodesConstr::OffsetMap offsets;
   for (std::string const& element : json::JStringArray(&value).get()) {
-    ConstrPlaceText::RelativeNode const relative = ConstrPlaceText::parseRelativeNode(element);
+    ConstrPlaceText::RelativeNode relative = ConstrPlaceText::parseRelativeNode(element);
     if (!relative.valid) {
       report(__LINE__, ComMsgMgr::MSG_ERROR, "@75-880@%s", {element}, positionOf(name, "relative_nodes"));
       continue;
@@ -588,10 +588,10 @@ void ConstrReader::readRelativeNodes(std::string const& name, JsonValue const& v
     if (!relative.balanced)
       report(__LINE__, ComMsgMgr::MSG_CRITICAL_WARNING, "@75-646@%s", {relative.offsetText},
              positionOf(name, "relative_nodes"));
-    std::vector<std::string> nodes(1, relative.node);
+    std::vector<std::string> nodes(1, std::move(relative.node));
     m_resolver->resolveNodeNames(nodes);
-    for (std::string const& node : nodes)
-      offsets[node] = HDPoint<int>(relative.x, relative.y);
+    for (std::string& node : nodes)
+      offsets[std::move(node)] = HDPoint<int>(relative.x, relative.y);
   }
   if (!offsets.empty()) m_store.addRelativeNodesConstr(BaseConstraint::NODE, name, offsets);
 }
