@@ -251,7 +251,7 @@ class ConstrHandler {
   ConstrList& bucketFor(std::string objName);
   void rememberBucket(std::pair<std::string const, ConstrList> const& entry) const;
   template <class T>
-  T* findInBucket(std::string const& objName) const;
+  T* findInBucket(ConstrType type, std::string const& objName) const;
   template <class T>
   T* findGroup(ConstrType type, std::string const& name) const;
   // The group of that kind and name among those made under the name, without a walk of

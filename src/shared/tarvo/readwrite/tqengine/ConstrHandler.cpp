@@ -349,13 +349,18 @@ BaseConstraint* ConstrHandler::getConstr(std::string const& objName, ConstrType 
   return found.empty() ? nullptr : found.front();
 }
 
+// The type field is tested before the cast, as in ConstrCast: an entry of class T always
+// carries T's type, and a cast that fails costs a walk of the class hierarchy.
 template <class T>
-T* ConstrHandler::findInBucket(std::string const& objName) const {
+T* ConstrHandler::findInBucket(ConstrType type, std::string const& objName) const {
   ConstrList const* const bucket = findBucket(objName);
   if (bucket == nullptr) {
     return nullptr;
   }
   for (BaseConstraint* constraint : *bucket) {
+    if (constraint->getType() != type) {
+      continue;
+    }
     if (T* typed = dynamic_cast<T*>(constraint)) {
       return typed;
     }
@@ -380,43 +385,43 @@ T* ConstrHandler::findGroup(ConstrType type, std::string const& name) const {
 }
 
 TileConstr* ConstrHandler::getTileConstr(std::string const& objName) const {
-  return findInBucket<TileConstr>(objName);
+  return findInBucket<TileConstr>(BaseConstraint::TILE, objName);
 }
 ShimConstr* ConstrHandler::getShimConstr(std::string const& objName) const {
-  return findInBucket<ShimConstr>(objName);
+  return findInBucket<ShimConstr>(BaseConstraint::SHIM, objName);
 }
 MemConstr* ConstrHandler::getMemConstr(std::string const& objName) const {
-  return findInBucket<MemConstr>(objName);
+  return findInBucket<MemConstr>(BaseConstraint::MEM, objName);
 }
 BufferConstr* ConstrHandler::getBufferConstr(std::string const& objName) const {
-  return findInBucket<BufferConstr>(objName);
+  return findInBucket<BufferConstr>(BaseConstraint::BUFFER, objName);
 }
 ReservedMemoryConstr* ConstrHandler::getReservedMemoryConstr(std::string const& objName) const {
-  return findInBucket<ReservedMemoryConstr>(objName);
+  return findInBucket<ReservedMemoryConstr>(BaseConstraint::RESERVED_MEMORY, objName);
 }
 PortLocConstr* ConstrHandler::getPortLocConstr(std::string const& objName) const {
-  return findInBucket<PortLocConstr>(objName);
+  return findInBucket<PortLocConstr>(BaseConstraint::PORT_LOC, objName);
 }
 StreamChannelConstr* ConstrHandler::getStreamChannelConstr(std::string const& objName) const {
-  return findInBucket<StreamChannelConstr>(objName);
+  return findInBucket<StreamChannelConstr>(BaseConstraint::STREAM_CHANNEL, objName);
 }
 ColocatedNodesConstr* ConstrHandler::getColocatedNodesConstr(std::string const& objName) const {
-  return findInBucket<ColocatedNodesConstr>(objName);
+  return findInBucket<ColocatedNodesConstr>(BaseConstraint::COLOCATED_NODES, objName);
 }
 ColocatedPortsConstr* ConstrHandler::getColocatedPortsConstr(std::string const& objName) const {
-  return findInBucket<ColocatedPortsConstr>(objName);
+  return findInBucket<ColocatedPortsConstr>(BaseConstraint::COLOCATED_PORTS, objName);
 }
 ColocatedDmaConstr* ConstrHandler::getColocatedDmaConstr(std::string const& objName) const {
-  return findInBucket<ColocatedDmaConstr>(objName);
+  return findInBucket<ColocatedDmaConstr>(BaseConstraint::COLOCATED_DMA, objName);
 }
 ColocatedMemoriesConstr* ConstrHandler::getColocatedMemoriesConstr(std::string const& objName) const {
-  return findInBucket<ColocatedMemoriesConstr>(objName);
+  return findInBucket<ColocatedMemoriesConstr>(BaseConstraint::COLOCATED_MEMORIES, objName);
 }
 RelativeNodesConstr* ConstrHandler::getRelativeNodesConstr(std::string const& objName) const {
-  return findInBucket<RelativeNodesConstr>(objName);
+  return findInBucket<RelativeNodesConstr>(BaseConstraint::RELATIVE_NODES, objName);
 }
 FifoLocationsConstr* ConstrHandler::getFifoLocationsConstr(std::string const& objName) const {
-  return findInBucket<FifoLocationsConstr>(objName);
+  return findInBucket<FifoLocationsConstr>(BaseConstraint::FIFO_LOCATIONS, objName);
 }
 AreaGroupConstr* ConstrHandler::getAreaGroupConstr(std::string const& name) const {
   return findGroup<AreaGroupConstr>(BaseConstraint::AREA_GROUP, name);
@@ -599,7 +604,7 @@ void ConstrHandler::getColocatedDma(std::string const& name, NameList& out) cons
 
 template <class T>
 T* ConstrHandler::findOrCreate(ConstrType type, ObjectType objType, std::string const& objName) {
-  if (T* found = findInBucket<T>(objName)) {
+  if (T* found = findInBucket<T>(type, objName)) {
     return found;
   }
   return dynamic_cast<T*>(createConstr(type, objType, objName));
