@@ -69,7 +69,8 @@ class ConstrSourceScanner {
     std::vector<Occurrence> occurrences;
   };
 
-  void index(std::istream& in);
+  // `sizeHint`: the file's size, for the room made in advance.
+  void index(std::istream& in, std::size_t sizeHint);
   void indexLine(std::string_view line, std::uint32_t lineNumber, Pass& pass);
   void groupByText(Pass const& pass);
   // The number of a text, made for a text not seen before.

@@ -14,6 +14,16 @@ namespace {
 std::size_t const kReadBlockSize = std::size_t(1) << 16;
 std::size_t const kTextBlockSize = std::size_t(1) << 16;
 std::size_t const kFirstTableSize = std::size_t(1) << 12;
+// Fewer bytes per quoted text than a pretty-printed document has: room made in advance,
+// of which only what is used is ever touched.
+std::size_t const kBytesPerQuotedText = 16;
+
+std::size_t fileSize(std::istream& in) {
+  in.seekg(0, std::ios_base::end);
+  std::streamoff const size = in.tellg();
+  in.seekg(0, std::ios_base::beg);
+  return size > 0 ? static_cast<std::size_t>(size) : 0;
+}
 
 // Eight bytes at a time, with a final mix, so that texts that differ only in their last
 // characters, as generated names do, spread over the low bits that choose a slot.
@@ -56,32 +66,41 @@ ConstrSourceScanner::State ConstrSourceScanner::load() {
   if (!HUTFile(m_fileName).isFile()) return m_state = State::NotRegularFile;
   std::ifstream in(m_fileName, std::ios_base::in | std::ios_base::binary);
   if (!in) return m_state = State::CannotOpen;
-  index(in);
+  index(in, fileSize(in));
   return m_state = State::Loaded;
 }
 
-// Lines are indexed as they come complete out of the blocks; the rest of a block waits for
-// the next one. A line that spans blocks is searched for its end only in the new bytes.
-void ConstrSourceScanner::index(std::istream& in) {
+// Lines are indexed as they come complete out of the blocks; the rest of a block moves to
+// the front and waits for the next one, and the buffer grows only for a line longer than
+// itself. A line that spans blocks is searched for its end only in the new bytes.
+void ConstrSourceScanner::index(std::istream& in, std::size_t sizeHint) {
   Pass pass;
-  std::string buffer;
+  pass.numbers.reserve(sizeHint / kBytesPerQuotedText);
+  pass.occurrences.reserve(sizeHint / kBytesPerQuotedText);
+  std::size_t capacity = kReadBlockSize;
+  std::unique_ptr<char[]> buffer(new char[capacity]);
+  std::size_t kept = 0;
   std::uint32_t line = 1;
   bool atEnd = false;
   while (!atEnd) {
-    std::size_t const kept = buffer.size();
-    buffer.resize(kept + kReadBlockSize);
-    in.read(&buffer[kept], static_cast<std::streamsize>(kReadBlockSize));
-    buffer.resize(kept + static_cast<std::size_t>(in.gcount()));
+    if (kept == capacity) {
+      std::unique_ptr<char[]> larger(new char[2 * capacity]);
+      std::memcpy(larger.get(), buffer.get(), kept);
+      buffer.swap(larger);
+      capacity *= 2;
+    }
+    in.read(buffer.get() + kept, static_cast<std::streamsize>(capacity - kept));
+    std::string_view const text(buffer.get(), kept + static_cast<std::size_t>(in.gcount()));
     atEnd = !in;
-    std::string_view const text(buffer);
     std::size_t start = 0;
     for (std::size_t end = text.find('\n', kept); end != std::string_view::npos; end = text.find('\n', start)) {
       indexLine(text.substr(start, end - start), line++, pass);
       start = end + 1;
     }
-    buffer.erase(0, start);
+    kept = text.size() - start;
+    std::memmove(buffer.get(), buffer.get() + start, kept);
   }
-  indexLine(buffer, line, pass);
+  indexLine(std::string_view(buffer.get(), kept), line, pass);
   groupByText(pass);
 }
 
