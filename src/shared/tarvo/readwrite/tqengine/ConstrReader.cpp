@@ -3,6 +3,7 @@
 #include <cstring>
 #include <fstream>
 #include <istream>
+#include <string_view>
 
 #include "Address.h"
 #include "BaseNameResolver.h"
@@ -298,16 +299,15 @@ void ConstrReader::readNetConstraints(JsonValue const& nets) {
 }
 
 void ConstrReader::readGlobalConstraints(JsonValue const& global) {
-  std::string key;
   for (auto const& member : global.GetObject()) {
-    text(member.name, key);
-    if (key == "areaGroup")
+    std::string_view const word(member.name.GetString(), member.name.GetStringLength());
+    if (word == "areaGroup")
       readAreaGroup(member.value);
-    else if (key == "instGroup")
+    else if (word == "instGroup")
       readInstGroup(member.value);
-    else if (key == "dependentRoutingGroup")
+    else if (word == "dependentRoutingGroup")
       readDependentRoutingGroup(member.value);
-    else if (key == "isomorphicGraphGroup")
+    else if (word == "isomorphicGraphGroup")
       readIsomorphicGraphGroup(member.value);
   }
 }
@@ -356,54 +356,56 @@ void ConstrReader::readObject(JsonValue const& object, std::string const& name, 
 }
 
 void ConstrReader::readNodeKey(std::string const& name, std::string const& key, JsonValue const& value) {
-  if (key == "tile")
+  std::string_view const word(key);  // compared by length first
+  if (word == "tile")
     readTile(name, value);
-  else if (key == "mem")
+  else if (word == "mem")
     readMem(name, value);
-  else if (key == "shim")
+  else if (word == "shim")
     readShim(name, value);
-  else if (key == "reserved_memory") {
+  else if (word == "reserved_memory") {
     Address address;
     readAddress(value, address);
     if (address.isSpecified()) m_store.setReservedMemoryConstr(name, address);
-  } else if (key == "colocated_nodes")
+  } else if (word == "colocated_nodes")
     readColocatedNodeLists(BaseConstraint::COLOCATED_NODES, BaseConstraint::NODE, name, value, false, true);
-  else if (key == "not_colocated_nodes")
+  else if (word == "not_colocated_nodes")
     readColocatedNodeLists(BaseConstraint::COLOCATED_NODES, BaseConstraint::NODE, name, value, true, true);
-  else if (key == "relative_nodes")
+  else if (word == "relative_nodes")
     readRelativeNodes(name, value);
-  else if (key == "colocated_reserved_memories")
+  else if (word == "colocated_reserved_memories")
     readColocatedNodeLists(BaseConstraint::COLOCATED_MEMORIES, BaseConstraint::NODE, name, value, false, true);
-  else if (key == "not_colocated_reserved_memories")
+  else if (word == "not_colocated_reserved_memories")
     readColocatedNodeLists(BaseConstraint::COLOCATED_MEMORIES, BaseConstraint::NODE, name, value, true, true);
   else if (!endsWith(key, kSrcInfoSuffix))
     readAttribute(BaseConstraint::NODE, name, key, value);
 }
 
 void ConstrReader::readPortKey(std::string const& name, std::string const& key, JsonValue const& value) {
-  if (key == "buffers")
+  std::string_view const word(key);  // compared by length first
+  if (word == "buffers")
     readBuffers(name, value);
-  else if (key == "stream_channel")
+  else if (word == "stream_channel")
     readStreamChannel(name, value);
-  else if (key == "colocated_nodes")
+  else if (word == "colocated_nodes")
     readColocatedNodeLists(BaseConstraint::COLOCATED_NODES, BaseConstraint::PORT, name, value, false, false);
-  else if (key == "not_colocated_nodes")
+  else if (word == "not_colocated_nodes")
     readColocatedNodeLists(BaseConstraint::COLOCATED_NODES, BaseConstraint::PORT, name, value, true, false);
-  else if (key == "colocated_ports")
+  else if (word == "colocated_ports")
     readColocatedPorts(name, value, NameList::Colocated);
-  else if (key == "not_colocated_ports")
+  else if (word == "not_colocated_ports")
     readColocatedPorts(name, value, NameList::NotColocated);
-  else if (key == "exclusive_colocated_ports")
+  else if (word == "exclusive_colocated_ports")
     readColocatedPorts(name, value, NameList::Exclusive);
-  else if (key == "colocated_dma")
+  else if (word == "colocated_dma")
     readColocatedDma(name, value);
-  else if (key == "colocated_reserved_memories")
+  else if (word == "colocated_reserved_memories")
     readColocatedNodeLists(BaseConstraint::COLOCATED_MEMORIES, BaseConstraint::PORT, name, value, false, true);
-  else if (key == "not_colocated_reserved_memories")
+  else if (word == "not_colocated_reserved_memories")
     readColocatedNodeLists(BaseConstraint::COLOCATED_MEMORIES, BaseConstraint::PORT, name, value, true, true);
-  else if (key == "fifo_locations")
+  else if (word == "fifo_locations")
     readFifoLocations(name, value);
-  else if (key == "port_loc")
+  else if (word == "port_loc")
     readPortLoc(name, value);
   else if (!endsWith(key, kSrcInfoSuffix))
     readAttribute(BaseConstraint::PORT, name, key, value);
