@@ -40,8 +40,8 @@ bool endsWith(std::string const& textValue, std::string const& suffix) {
          textValue.compare(textValue.size() - suffix.size(), suffix.size(), suffix) == 0;
 }
 
-bool startsWith(std::string const& textValue, char const* prefix) {
-  return textValue.rfind(prefix, 0) == 0;
+bool startsWith(std::string const& textValue, std::string_view prefix) {
+  return std::string_view(textValue).substr(0, prefix.size()) == prefix;
 }
 
 // Whether the member name is `key` followed by the source suffix; asked for every key.

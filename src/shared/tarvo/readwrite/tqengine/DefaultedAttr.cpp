@@ -43,7 +43,7 @@ HATAttr const& DefaultedAttr::defaultOf(HATAttr::Kind kind) {
 
 // A kind this class does not use makes a list cell, as its default is the empty list.
 DefaultedAttr::DefaultedAttr(HATAttr::Kind kind)
-    : m_attr(defaultOf(kind)), m_ownKind(m_attr.getKind()), m_cache(makeCache(m_ownKind)) {
+    : m_attr(makeDefault(kind)), m_ownKind(m_attr.getKind()), m_cache(makeCache(m_ownKind)) {
   m_attr.setStateFlag(HATAttr::STATE_DEFAULT);
 }
 
