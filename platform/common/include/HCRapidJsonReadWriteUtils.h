@@ -5,6 +5,7 @@
 #include <rapidjson/error/error.h>
 #include <rapidjson/pointer.h>
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,13 @@ class HCRapidJsonReadWriteUtils {
   // Parses the stream into `doc` with the default flags, refusing nesting deeper than
   // kMaxNestingDepth. The document's own error state is not set; the result carries it.
   static rapidjson::ParseResult ParseStream(HCJsonInputStream& in, Document& doc);
+  // ParseStream on `in`, a syntax error going to errorParsingJsonFile with `fileName`.
+  static void ParseJsonStream(std::istream& in, std::string const& fileName, Document& doc);
+  // Validates `doc` against the schema file at `schemaPath` (made canonical): an unreadable or
+  // broken schema goes to errorReadingSchemaFile or errorParsingSchemaFile, a mismatch to
+  // errorParsingJsonFile with `fileName` and the pointer of the invalid value.
+  static void ValidateAgainstSchemaFile(Document const& doc, std::string const& fileName, std::string schemaPath);
+
   // "<parser text> (offset N)" for a document parsed with its own Parse operations.
   static std::string GetErrorMsgFromDocument(Document const& doc);
   // "<parser text> at line L, column C" for a parse through ParseStream.

@@ -279,6 +279,22 @@ std::string HCRapidJsonReadWriteUtils::GetUriFragment(rapidjson::Pointer const& 
   return text;
 }
 
+void HCRapidJsonReadWriteUtils::ParseJsonStream(std::istream& in, std::string const& fileName, Document& doc) {
+  HCJsonInputStream stream(in);
+  rapidjson::ParseResult const result = ParseStream(stream, doc);
+  if (result.IsError()) errorParsingJsonFile(fileName, GetErrorMsgFromParse(result, stream));
+}
+
+void HCRapidJsonReadWriteUtils::ValidateAgainstSchemaFile(Document const& doc, std::string const& fileName,
+                                                          std::string schemaPath) {
+  HUTFile(schemaPath).getCanonicalName(schemaPath);
+  Document schemaDoc;
+  parseSchemaLikeFile(schemaPath, schemaDoc);
+  rapidjson::SchemaDocument const schema(schemaDoc);
+  rapidjson::SchemaValidator validator(schema);
+  if (!doc.Accept(validator)) errorParsingJsonFile(fileName, GetUriFragment(validator.GetInvalidDocumentPointer()));
+}
+
 void HCRapidJsonReadWriteUtils::errorReadingJsonFile(std::string const& file) { raise("@8-100@%s", file); }
 
 void HCRapidJsonReadWriteUtils::errorReadingSchemaFile(std::string const& file) { raise("@8-102@%s", file); }

@@ -16,23 +16,11 @@ char const* const HDARPartLoader::kSection = "kpeShimRow";
 namespace {
 
 void parse(std::istream& in, std::string const& fileName, Json::Document& doc) {
-  HCJsonInputStream stream(in);
-  rapidjson::ParseResult const result = Json::ParseStream(stream, doc);
-  if (result.IsError()) Json::errorParsingJsonFile(fileName, Json::GetErrorMsgFromParse(result, stream));
+  Json::ParseJsonStream(in, fileName, doc);
 }
 
 void validate(Json::Document const& doc, std::string const& fileName) {
-  std::string schemaPath = HDARPartLoader::getSchemaFile();
-  HUTFile(schemaPath).getCanonicalName(schemaPath);
-  std::ifstream in(schemaPath, std::ios_base::binary);
-  if (!HUTFile(schemaPath).isFile() || !in.good()) Json::errorReadingSchemaFile(schemaPath);
-  Json::Document schemaDoc;
-  HCJsonInputStream stream(in);
-  rapidjson::ParseResult const result = Json::ParseStream(stream, schemaDoc);
-  if (result.IsError()) Json::errorParsingSchemaFile(schemaPath, Json::GetErrorMsgFromParse(result, stream));
-  rapidjson::SchemaDocument const schema(schemaDoc);
-  rapidjson::SchemaValidator validator(schema);
-  if (!doc.Accept(validator)) Json::errorParsingJsonFile(fileName, Json::GetUriFragment(validator.GetInvalidDocumentPointer()));
+  Json::ValidateAgainstSchemaFile(doc, fileName, HDARPartLoader::getSchemaFile());
 }
 
 HDARShimSite readSite(Json::Value const& site) {

@@ -49,24 +49,11 @@ CompRole roleOf(Value const& entry, COMP_TYPE type) {
 }
 
 void parse(std::istream& in, std::string const& fileName, Json::Document& doc) {
-  HCJsonInputStream stream(in);
-  rapidjson::ParseResult const result = Json::ParseStream(stream, doc);
-  if (result.IsError()) Json::errorParsingJsonFile(fileName, Json::GetErrorMsgFromParse(result, stream));
+  Json::ParseJsonStream(in, fileName, doc);
 }
 
 void validate(Json::Document const& doc, std::string const& fileName) {
-  std::string schemaPath = HIPDeviceLoader::getSchemaFile();
-  HUTFile(schemaPath).getCanonicalName(schemaPath);
-  std::ifstream in(schemaPath, std::ios_base::binary);
-  HUTFile const file(schemaPath);
-  if (!file.exists() || !file.isFile() || !in.good()) Json::errorReadingSchemaFile(schemaPath);
-  Json::Document schemaDoc;
-  HCJsonInputStream stream(in);
-  rapidjson::ParseResult const result = Json::ParseStream(stream, schemaDoc);
-  if (result.IsError()) Json::errorParsingSchemaFile(schemaPath, Json::GetErrorMsgFromParse(result, stream));
-  rapidjson::SchemaDocument const schema(schemaDoc);
-  rapidjson::SchemaValidator validator(schema);
-  if (!doc.Accept(validator)) Json::errorParsingJsonFile(fileName, Json::GetUriFragment(validator.GetInvalidDocumentPointer()));
+  Json::ValidateAgainstSchemaFile(doc, fileName, HIPDeviceLoader::getSchemaFile());
 }
 
 // Builds the NoC from a description that passed the schema, or that is the compiled-in one.

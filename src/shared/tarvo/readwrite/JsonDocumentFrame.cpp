@@ -50,9 +50,7 @@ std::string JsonDocumentFrame::canonicalName(std::string const& fileName) {
 }
 
 void JsonDocumentFrame::parse(std::istream& in, std::string const& fileName, Document& doc) {
-  HCJsonInputStream stream(in);
-  rapidjson::ParseResult const result = Json::ParseStream(stream, doc);
-  if (result.IsError()) Json::errorParsingJsonFile(fileName, Json::GetErrorMsgFromParse(result, stream));
+  Json::ParseJsonStream(in, fileName, doc);
 }
 
 std::unique_ptr<rapidjson::SchemaDocument> JsonDocumentFrame::loadSchema(std::string const& schemaPath,
