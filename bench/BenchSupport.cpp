@@ -1,10 +1,10 @@
 #include "BenchSupport.h"
 
+#include <malloc.h>
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/schema.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
-#include <malloc.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -87,12 +87,18 @@ double floorWriteSeconds(rapidjson::Value const& doc, std::string const& schemaP
   });
 }
 
-void measure(benchmark::State& state, std::size_t bytes, double floorSeconds, std::function<void()> const& body) {
+void measure(benchmark::State& state, std::size_t bytes, double floorSeconds, std::function<void()> const& body,
+             std::function<void()> const& afterEach) {
   double total = 0.0;
   for (auto _ : state) {
     double const start = cpuSeconds();
     body();
     total += cpuSeconds() - start;
+    if (afterEach) {
+      state.PauseTiming();
+      afterEach();
+      state.ResumeTiming();
+    }
   }
   double const perIteration = total / static_cast<double>(state.iterations());
   state.counters["MB/s"] = benchmark::Counter(static_cast<double>(bytes) / 1e6 / perIteration);
@@ -145,6 +151,8 @@ TextFile::TextFile(std::string const& name, std::string const& text)
   std::ofstream(m_path, std::ios_base::binary) << text;
 }
 
-TextFile::~TextFile() { std::remove(m_path.c_str()); }
+TextFile::~TextFile() {
+  std::remove(m_path.c_str());
+}
 
 }  // namespace tarvo_bench

@@ -24,7 +24,9 @@ double floorWriteSeconds(rapidjson::Value const& doc, std::string const& schemaP
 // Runs the benchmark loop over `body`, then sets the counters "MB/s" (of `bytes` per
 // iteration), "ratio" (our time over the floor's) and "MB" (the text size). Times are CPU
 // times of the calling thread, floors included.
-void measure(benchmark::State& state, std::size_t bytes, double floorSeconds, std::function<void()> const& body);
+// `afterEach`, when given, runs after every call of `body`, outside every timing.
+void measure(benchmark::State& state, std::size_t bytes, double floorSeconds, std::function<void()> const& body,
+             std::function<void()> const& afterEach = {});
 
 // Peak resident memory that `work` adds, in bytes, measured in a child process.
 std::size_t peakMemoryOf(std::function<void()> const& work);

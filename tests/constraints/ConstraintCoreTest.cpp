@@ -69,6 +69,27 @@ TEST(ConstraintCoreTest, CellsKeepTheDefaultOfTheirOwnKind) {
   EXPECT_FALSE(text.isSet());
 }
 
+// A text handed out by reference is the cell's own: later sets and assignments show in it.
+TEST(ConstraintCoreTest, HandedOutTextsFollowTheCell) {
+  DefaultedAttr text(HATAttr::STRING);
+  std::string const& handedOut = text.getString();
+  text.setString("tile_3");
+  EXPECT_EQ("tile_3", handedOut);
+  text = DefaultedAttr(HATAttr::STRING);
+  EXPECT_EQ("", handedOut);
+  EXPECT_FALSE(text.isSet());
+
+  DefaultedAttr list(HATAttr::STRING_LIST);
+  list.setStringList({"a", "b"});
+  DefaultedAttr copy(list);
+  list.reset();
+  EXPECT_EQ((std::vector<std::string>{"a", "b"}), copy.getStringList());
+  EXPECT_TRUE(copy.isSet());
+  copy = list;
+  EXPECT_TRUE(copy.getStringList().empty());
+  EXPECT_FALSE(copy.isSet());
+}
+
 TEST(ConstraintCoreTest, TypeTextsAndTheAttrConstructorGuard) {
   EXPECT_EQ("kpe.independent_packet_switched_routing_roup",
             BaseConstraint::getConstrNameFromType(BaseConstraint::DEPENDENT_ROUTING_GROUP));

@@ -104,6 +104,9 @@ class BaseConstraint {
 
   ConstrType getType() const { return m_type; }
   std::string const& getConstrName() const { return m_constrName; }
+  // The objName field itself, without the copy of getObjName: what getObjName returns for
+  // every kind but the groups, which replace it.
+  std::string const& objNameField() const { return m_objName; }
 
   SrcInfo const& getSrcInfo() const { return m_srcInfo; }
   SrcInfo& getSrcInfo() { return m_srcInfo; }

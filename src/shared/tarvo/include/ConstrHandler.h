@@ -70,6 +70,9 @@ class ConstrHandler {
   virtual bool writeAreaGroupConstrs(std::ostream& out, std::string const& name,
                                      BaseNameResolver const& resolver) const;
 
+  // Makes room in the index for `count` more objects, so that a reader that knows how many
+  // it will add does not grow the index step by step.
+  void reserveObjects(std::size_t count);
   // Deletes every constraint and record.
   virtual void clear();
   virtual bool empty() const;
@@ -248,8 +251,10 @@ class ConstrHandler {
   // The index entry of a name, or null.
   ConstrList const* findBucket(std::string const& objName) const;
   // The index entry of a name, made if there is none; the name is taken over as its key.
-  ConstrList& bucketFor(std::string objName);
+  ConstrList& bucketFor(std::string const& objName);
   void rememberBucket(std::pair<std::string const, ConstrList> const& entry) const;
+  template <class T>
+  static T* findIn(ConstrList const& bucket, ConstrType type);
   template <class T>
   T* findInBucket(ConstrType type, std::string const& objName) const;
   template <class T>

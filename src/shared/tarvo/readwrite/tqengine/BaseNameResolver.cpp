@@ -58,6 +58,19 @@ void appendAll(std::vector<std::string>& found, std::vector<std::string>& out) {
   out.insert(out.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
 }
 
+// A pattern may append to `out` itself, so each call gets an empty vector: one, cleared
+// between names, rather than one made for each.
+template <typename Pattern>
+void resolveThroughPatterns(BaseNameResolver const& resolver, std::vector<std::string>& names, bool quiet,
+                            UnresolvedMessages const& ids, Pattern pattern) {
+  std::vector<std::string> found;
+  resolveList(names, quiet, ids, [&](std::string const& name, std::vector<std::string>& out) {
+    found.clear();
+    (resolver.*pattern)(name, found);
+    appendAll(found, out);
+  });
+}
+
 }  // namespace
 
 BaseNameResolver::~BaseNameResolver() = default;
@@ -98,32 +111,16 @@ void BaseNameResolver::resolveNetPattern(std::string const& name, std::vector<st
   appendIfNotEmpty(resolveNetName(name), out);
 }
 
-// A pattern may append to `out` itself, so each call gets an empty vector of its own.
 void BaseNameResolver::resolveNodeNames(std::vector<std::string>& names) const {
-  resolveList(names, quiet, {"@75-412@%s", "@75-413@%s"},
-              [this](std::string const& name, std::vector<std::string>& out) {
-                std::vector<std::string> found;
-                resolveNodePattern(name, found);
-                appendAll(found, out);
-              });
+  resolveThroughPatterns(*this, names, quiet, {"@75-412@%s", "@75-413@%s"}, &BaseNameResolver::resolveNodePattern);
 }
 
 void BaseNameResolver::resolvePortNames(std::vector<std::string>& names) const {
-  resolveList(names, quiet, {"@75-414@%s", "@75-415@%s"},
-              [this](std::string const& name, std::vector<std::string>& out) {
-                std::vector<std::string> found;
-                resolvePortPattern(name, found);
-                appendAll(found, out);
-              });
+  resolveThroughPatterns(*this, names, quiet, {"@75-414@%s", "@75-415@%s"}, &BaseNameResolver::resolvePortPattern);
 }
 
 void BaseNameResolver::resolveNetNames(std::vector<std::string>& names) const {
-  resolveList(names, quiet, {"@75-410@%s", "@75-411@%s"},
-              [this](std::string const& name, std::vector<std::string>& out) {
-                std::vector<std::string> found;
-                resolveNetPattern(name, found);
-                appendAll(found, out);
-              });
+  resolveThroughPatterns(*this, names, quiet, {"@75-410@%s", "@75-411@%s"}, &BaseNameResolver::resolveNetPattern);
 }
 
 void BaseNameResolver::resolveScopedNodeNames(std::vector<std::string>& names) const {

@@ -106,6 +106,10 @@ void ConstrHandler::clear() {
   m_groups.clear();
 }
 
+void ConstrHandler::reserveObjects(std::size_t count) {
+  m_index.reserve(m_index.size() + count);
+}
+
 bool ConstrHandler::empty() const {
   return m_constrs.empty();
 }
@@ -133,10 +137,13 @@ void ConstrHandler::addConstraint(BaseConstraint* constraint) {
     return;
   }
   m_constrs.push_back(constraint);
-  bucketFor(constraint->getObjName()).push_back(constraint);
-  if (isGroupKind(constraint->getType())) {
-    m_groups[constraint->getObjName()].push_back(constraint);
+  if (!isGroupKind(constraint->getType())) {
+    bucketFor(constraint->objNameField()).push_back(constraint);
+    return;
   }
+  std::string const name = constraint->getObjName();
+  bucketFor(name).push_back(constraint);
+  m_groups[name].push_back(constraint);
 }
 
 // A group renamed since it was made is no longer under its name: then every entry is
@@ -255,11 +262,11 @@ ConstrHandler::ConstrList const* ConstrHandler::findBucket(std::string const& ob
 }
 
 // The remembered entry lies in this store's own index, which a non-const operation may change.
-ConstrHandler::ConstrList& ConstrHandler::bucketFor(std::string objName) {
+ConstrHandler::ConstrList& ConstrHandler::bucketFor(std::string const& objName) {
   if (m_lastBucket != nullptr && *m_lastName == objName) {
     return const_cast<ConstrList&>(*m_lastBucket);
   }
-  auto const made = m_index.try_emplace(std::move(objName));
+  auto const made = m_index.try_emplace(objName);
   // An object mostly carries a few constraints, and room for three takes no more memory
   // than room for one.
   if (made.second) {
@@ -352,12 +359,8 @@ BaseConstraint* ConstrHandler::getConstr(std::string const& objName, ConstrType 
 // The type field is tested before the cast, as in ConstrCast: an entry of class T always
 // carries T's type, and a cast that fails costs a walk of the class hierarchy.
 template <class T>
-T* ConstrHandler::findInBucket(ConstrType type, std::string const& objName) const {
-  ConstrList const* const bucket = findBucket(objName);
-  if (bucket == nullptr) {
-    return nullptr;
-  }
-  for (BaseConstraint* constraint : *bucket) {
+T* ConstrHandler::findIn(ConstrList const& bucket, ConstrType type) {
+  for (BaseConstraint* constraint : bucket) {
     if (constraint->getType() != type) {
       continue;
     }
@@ -366,6 +369,12 @@ T* ConstrHandler::findInBucket(ConstrType type, std::string const& objName) cons
     }
   }
   return nullptr;
+}
+
+template <class T>
+T* ConstrHandler::findInBucket(ConstrType type, std::string const& objName) const {
+  ConstrList const* const bucket = findBucket(objName);
+  return bucket == nullptr ? nullptr : findIn<T>(*bucket, type);
 }
 
 // The type field is tested first so that the walk over a large list stays cheap; an entry
@@ -602,9 +611,11 @@ void ConstrHandler::getColocatedDma(std::string const& name, NameList& out) cons
 // ---------------------------------------------------------------------------------------------
 // Set and add operations
 
+// The entry of a new name is made by the search, so that the constraint made next finds it
+// as the remembered entry instead of hashing the name again.
 template <class T>
 T* ConstrHandler::findOrCreate(ConstrType type, ObjectType objType, std::string const& objName) {
-  if (T* found = findInBucket<T>(type, objName)) {
+  if (T* found = findIn<T>(bucketFor(objName), type)) {
     return found;
   }
   return dynamic_cast<T*>(createConstr(type, objType, objName));

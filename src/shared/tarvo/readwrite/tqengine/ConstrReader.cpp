@@ -237,9 +237,14 @@ void ConstrReader::readInChildStore(bool soft) {
 
 void ConstrReader::readSections() {
   JsonValue const& root = *m_doc;
-  if (JsonValue const* nodes = section(root, "NodeConstraints")) readNodeConstraints(*nodes);
-  if (JsonValue const* ports = section(root, "PortConstraints")) readPortConstraints(*ports);
-  if (JsonValue const* nets = section(root, "NetConstraints")) readNetConstraints(*nets);
+  JsonValue const* const nodes = section(root, "NodeConstraints");
+  JsonValue const* const ports = section(root, "PortConstraints");
+  JsonValue const* const nets = section(root, "NetConstraints");
+  m_store.reserveObjects((nodes ? nodes->MemberCount() : 0) + (ports ? ports->MemberCount() : 0) +
+                         (nets ? nets->MemberCount() : 0));
+  if (nodes) readNodeConstraints(*nodes);
+  if (ports) readPortConstraints(*ports);
+  if (nets) readNetConstraints(*nets);
   if (JsonValue const* global = section(root, "GlobalConstraints")) readGlobalConstraints(*global);
 }
 

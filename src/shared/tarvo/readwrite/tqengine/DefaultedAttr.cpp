@@ -42,8 +42,7 @@ HATAttr const& DefaultedAttr::defaultOf(HATAttr::Kind kind) {
 }
 
 // A kind this class does not use makes a list cell, as its default is the empty list.
-DefaultedAttr::DefaultedAttr(HATAttr::Kind kind)
-    : m_attr(makeDefault(kind)), m_ownKind(m_attr.getKind()), m_cache(makeCache(m_ownKind)) {
+DefaultedAttr::DefaultedAttr(HATAttr::Kind kind) : m_attr(makeDefault(kind)), m_ownKind(m_attr.getKind()) {
   m_attr.setStateFlag(HATAttr::STATE_DEFAULT);
 }
 
@@ -58,30 +57,35 @@ DefaultedAttr& DefaultedAttr::operator=(DefaultedAttr const& other) {
   if (this == &other) return *this;
   m_attr = other.m_attr;
   m_ownKind = other.m_ownKind;
-  if (other.m_cache && m_cache)
-    *m_cache = *other.m_cache;
-  else if (other.m_cache)
-    m_cache = std::make_unique<Cache>(*other.m_cache);
+  if (other.m_cache)
+    cache() = *other.m_cache;
+  else if (m_cache)
+    *m_cache = emptyCache(m_ownKind);
   return *this;
 }
 
 DefaultedAttr::~DefaultedAttr() = default;
 
-// The cache starts as the default of the kind: the empty string or the empty list.
-std::unique_ptr<DefaultedAttr::Cache> DefaultedAttr::makeCache(HATAttr::Kind ownKind) {
-  if (ownKind == HATAttr::STRING) return std::make_unique<Cache>(std::in_place_type<std::string>);
-  if (ownKind == HATAttr::STRING_LIST) return std::make_unique<Cache>(std::in_place_type<std::vector<std::string>>);
-  return nullptr;
+// The default of the kind: the empty string or the empty list.
+DefaultedAttr::Cache DefaultedAttr::emptyCache(HATAttr::Kind ownKind) {
+  if (ownKind == HATAttr::STRING) return Cache(std::in_place_type<std::string>);
+  return Cache(std::in_place_type<std::vector<std::string>>);
+}
+
+// Only string and list cells ask for one.
+DefaultedAttr::Cache& DefaultedAttr::cache() const {
+  if (!m_cache) m_cache = std::make_unique<Cache>(emptyCache(m_ownKind));
+  return *m_cache;
 }
 
 std::string const& DefaultedAttr::getString() const {
   static std::string const none;
-  return m_ownKind == HATAttr::STRING ? std::get<std::string>(*m_cache) : none;
+  return m_ownKind == HATAttr::STRING ? std::get<std::string>(cache()) : none;
 }
 
 std::vector<std::string> const& DefaultedAttr::getStringList() const {
   static std::vector<std::string> const none;
-  return m_ownKind == HATAttr::STRING_LIST ? std::get<std::vector<std::string>>(*m_cache) : none;
+  return m_ownKind == HATAttr::STRING_LIST ? std::get<std::vector<std::string>>(cache()) : none;
 }
 
 void DefaultedAttr::reset() {
@@ -131,10 +135,10 @@ void DefaultedAttr::updateDefaultFlag() {
       isDefault = m_attr.getDoubleVal() == kDoubleDefault;
       break;
     case HATAttr::STRING:
-      isDefault = getString().empty();
+      isDefault = !m_cache || std::get<std::string>(*m_cache).empty();
       break;
     default:
-      isDefault = getStringList().empty();
+      isDefault = !m_cache || std::get<std::vector<std::string>>(*m_cache).empty();
       break;
   }
   if (isDefault) {
@@ -144,11 +148,14 @@ void DefaultedAttr::updateDefaultFlag() {
   }
 }
 
+// An empty value needs no cache made for it: an absent cache reads as empty.
 void DefaultedAttr::refreshCaches() {
   if (m_ownKind == HATAttr::STRING) {
-    std::get<std::string>(*m_cache) = m_attr.getStringVal();
+    std::string value = m_attr.getStringVal();
+    if (m_cache || !value.empty()) std::get<std::string>(cache()) = std::move(value);
   } else if (m_ownKind == HATAttr::STRING_LIST) {
-    std::get<std::vector<std::string>>(*m_cache) = m_attr.getStringList();
+    std::vector<std::string> const& value = m_attr.getStringList();
+    if (m_cache || !value.empty()) std::get<std::vector<std::string>>(cache()) = value;
   }
 }
 
