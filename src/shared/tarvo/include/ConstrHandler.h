@@ -266,6 +266,16 @@ class ConstrHandler {
   void forgetGroup(BaseConstraint* group);
   template <class T>
   T* findOrCreate(ConstrType type, ObjectType objType, std::string const& objName);
+  template <class T, class Change>
+  void changeConstr(ConstrType type, ObjectType objType, std::string const& objName, Change const& change);
+  template <class T, class Add, class Set>
+  void addToConstr(ConstrType type, std::string const& objName, Add const& add, Set const& set);
+  template <class T>
+  void setNodeLists(ConstrType type, ObjectType objType, std::string const& objName, NameList const& names,
+                    bool notColocated);
+  template <class T>
+  void addNodeLists(ConstrType type, ObjectType objType, std::string const& objName, NameList const& names,
+                    bool notColocated);
   template <class T>
   T* findOrCreateGroup(ConstrType type, std::string const& name, bool& created);
   template <class T>

@@ -621,6 +621,32 @@ T* ConstrHandler::findOrCreate(ConstrType type, ObjectType objType, std::string 
   return dynamic_cast<T*>(createConstr(type, objType, objName));
 }
 
+// The one constraint of the kind for a named object, found or made, is handed to `change`;
+// an empty name changes nothing.
+template <class T, class Change>
+void ConstrHandler::changeConstr(ConstrType type, ObjectType objType, std::string const& objName,
+                                 Change const& change) {
+  if (objName.empty()) {
+    return;
+  }
+  if (T* constraint = findOrCreate<T>(type, objType, objName)) {
+    change(*constraint);
+  }
+}
+
+// `add` extends the object's constraint of the kind; an object without one gets it from `set`.
+template <class T, class Add, class Set>
+void ConstrHandler::addToConstr(ConstrType type, std::string const& objName, Add const& add, Set const& set) {
+  if (objName.empty()) {
+    return;
+  }
+  if (T* constraint = findInBucket<T>(type, objName)) {
+    add(*constraint);
+  } else {
+    set();
+  }
+}
+
 // Among the groups made under the name, the first that still carries it. Groups enter the
 // list and this index in the same order, so this is the group that a walk of the list finds
 // as long as no stored group is given another name (nothing in the library renames one).
@@ -690,301 +716,214 @@ void ConstrHandler::setAttrConstr(ObjectType objType, std::string const& objName
 
 void ConstrHandler::setBufferConstr(std::string const& objName, Address const& ping, Address const& pong,
                                     Address const& rtpSelector) {
-  if (objName.empty()) {
-    return;
-  }
-  if (BufferConstr* buffer = findOrCreate<BufferConstr>(BaseConstraint::BUFFER, BaseConstraint::PORT, objName)) {
-    buffer->setPing(ping);
-    buffer->setPong(pong);
-    buffer->setRtpSelector(rtpSelector);
-  }
+  changeConstr<BufferConstr>(BaseConstraint::BUFFER, BaseConstraint::PORT, objName, [&](BufferConstr& buffer) {
+    buffer.setPing(ping);
+    buffer.setPong(pong);
+    buffer.setRtpSelector(rtpSelector);
+  });
 }
 
 void ConstrHandler::setTileConstr(std::string const& objName, std::string const& tileName) {
-  if (objName.empty()) {
-    return;
-  }
-  if (TileConstr* tile = findOrCreate<TileConstr>(BaseConstraint::TILE, BaseConstraint::NODE, objName)) {
-    tile->setName(tileName);
-  }
+  changeConstr<TileConstr>(BaseConstraint::TILE, BaseConstraint::NODE, objName,
+                           [&](TileConstr& tile) { tile.setName(tileName); });
 }
 
 void ConstrHandler::setTileConstr(std::string const& objName, int column, int row, PhysicalSpec::PhysicalType type) {
-  if (objName.empty()) {
-    return;
-  }
-  if (TileConstr* tile = findOrCreate<TileConstr>(BaseConstraint::TILE, BaseConstraint::NODE, objName)) {
-    tile->setXY(column, row);
-    tile->setPhysicalType(type);
-  }
+  changeConstr<TileConstr>(BaseConstraint::TILE, BaseConstraint::NODE, objName, [&](TileConstr& tile) {
+    tile.setXY(column, row);
+    tile.setPhysicalType(type);
+  });
 }
 
 void ConstrHandler::setMemConstr(std::string const& objName, Address const& ping, Address const& pong) {
-  if (objName.empty()) {
-    return;
-  }
-  if (MemConstr* mem = findOrCreate<MemConstr>(BaseConstraint::MEM, BaseConstraint::NODE, objName)) {
-    mem->setPing(ping);
-    mem->setPong(pong);
-  }
+  changeConstr<MemConstr>(BaseConstraint::MEM, BaseConstraint::NODE, objName, [&](MemConstr& mem) {
+    mem.setPing(ping);
+    mem.setPong(pong);
+  });
 }
 
 void ConstrHandler::setReservedMemoryConstr(std::string const& objName, Address const& address) {
-  if (objName.empty()) {
-    return;
-  }
-  if (auto* memory =
-          findOrCreate<ReservedMemoryConstr>(BaseConstraint::RESERVED_MEMORY, BaseConstraint::NODE, objName)) {
-    memory->setAddress(address);
-  }
+  changeConstr<ReservedMemoryConstr>(BaseConstraint::RESERVED_MEMORY, BaseConstraint::NODE, objName,
+                                     [&](ReservedMemoryConstr& memory) { memory.setAddress(address); });
 }
 
 void ConstrHandler::setShimConstr(std::string const& objName, int column, int channel) {
-  if (objName.empty()) {
-    return;
-  }
-  if (ShimConstr* shim = findOrCreate<ShimConstr>(BaseConstraint::SHIM, BaseConstraint::NODE, objName)) {
-    shim->setColumn(column);
-    shim->setChannel(channel);
-  }
+  changeConstr<ShimConstr>(BaseConstraint::SHIM, BaseConstraint::NODE, objName, [&](ShimConstr& shim) {
+    shim.setColumn(column);
+    shim.setChannel(channel);
+  });
 }
 
 void ConstrHandler::setShimConstr(std::string const& objName, std::string const& shimName) {
-  if (objName.empty()) {
-    return;
-  }
-  if (ShimConstr* shim = findOrCreate<ShimConstr>(BaseConstraint::SHIM, BaseConstraint::NODE, objName)) {
-    shim->setName(shimName);
-  }
+  changeConstr<ShimConstr>(BaseConstraint::SHIM, BaseConstraint::NODE, objName,
+                           [&](ShimConstr& shim) { shim.setName(shimName); });
 }
 
 void ConstrHandler::setPortLocConstr(std::string const& objName, PhysicalSpec::PhysicalType type, int column, int row,
                                      int channel) {
-  if (objName.empty()) {
-    return;
-  }
-  if (auto* place = findOrCreate<PortLocConstr>(BaseConstraint::PORT_LOC, BaseConstraint::PORT, objName)) {
-    place->setPhysicalType(type);
-    place->setRow(row);
-    place->setColumn(column);
-    place->setChannel(channel);
-  }
+  changeConstr<PortLocConstr>(BaseConstraint::PORT_LOC, BaseConstraint::PORT, objName, [&](PortLocConstr& place) {
+    place.setPhysicalType(type);
+    place.setRow(row);
+    place.setColumn(column);
+    place.setChannel(channel);
+  });
 }
 
 void ConstrHandler::setPortLocConstr(std::string const& objName, std::string const& name, int channel) {
-  if (objName.empty()) {
-    return;
-  }
-  if (auto* place = findOrCreate<PortLocConstr>(BaseConstraint::PORT_LOC, BaseConstraint::PORT, objName)) {
-    place->setName(name);
-    place->setChannel(channel);
-  }
+  changeConstr<PortLocConstr>(BaseConstraint::PORT_LOC, BaseConstraint::PORT, objName, [&](PortLocConstr& place) {
+    place.setName(name);
+    place.setChannel(channel);
+  });
 }
 
 void ConstrHandler::setStreamChannelConstr(std::string const& objName, int offset, int channel,
                                            std::string const& direction) {
-  if (objName.empty()) {
-    return;
-  }
-  if (auto* stream = findOrCreate<StreamChannelConstr>(BaseConstraint::STREAM_CHANNEL, BaseConstraint::PORT, objName)) {
-    stream->setOffset(offset);
-    stream->setChannel(channel);
-    stream->setDirection(direction);
-  }
+  changeConstr<StreamChannelConstr>(BaseConstraint::STREAM_CHANNEL, BaseConstraint::PORT, objName,
+                                    [&](StreamChannelConstr& stream) {
+                                      stream.setOffset(offset);
+                                      stream.setChannel(channel);
+                                      stream.setDirection(direction);
+                                    });
 }
 
 void ConstrHandler::setStreamChannelConstr(std::string const& objName, int column, int row, int channel,
                                            std::string const& direction) {
-  if (objName.empty()) {
-    return;
-  }
-  if (auto* stream = findOrCreate<StreamChannelConstr>(BaseConstraint::STREAM_CHANNEL, BaseConstraint::PORT, objName)) {
-    stream->setColumn(column);
-    stream->setRow(row);
-    stream->setChannel(channel);
-    stream->setDirection(direction);
-  }
+  changeConstr<StreamChannelConstr>(BaseConstraint::STREAM_CHANNEL, BaseConstraint::PORT, objName,
+                                    [&](StreamChannelConstr& stream) {
+                                      stream.setColumn(column);
+                                      stream.setRow(row);
+                                      stream.setChannel(channel);
+                                      stream.setDirection(direction);
+                                    });
+}
+
+// Colocated nodes and colocated memories share their lists and these operations.
+template <class T>
+void ConstrHandler::setNodeLists(ConstrType type, ObjectType objType, std::string const& objName, NameList const& names,
+                                 bool notColocated) {
+  changeConstr<T>(type, objType, objName, [&](T& lists) {
+    if (notColocated) {
+      lists.setNotColocatedNodeNames(names);
+    } else {
+      lists.setColocatedNodeNames(names);
+    }
+  });
+}
+
+template <class T>
+void ConstrHandler::addNodeLists(ConstrType type, ObjectType objType, std::string const& objName, NameList const& names,
+                                 bool notColocated) {
+  addToConstr<T>(
+      type, objName,
+      [&](T& lists) {
+        if (notColocated) {
+          lists.addNotColocatedNodeNames(names);
+        } else {
+          lists.addNodeNames(names);
+        }
+      },
+      [&] { setNodeLists<T>(type, objType, objName, names, notColocated); });
 }
 
 void ConstrHandler::setColocatedNodesConstr(ObjectType objType, std::string const& objName, NameList const& names,
                                             bool notColocated) {
-  if (objName.empty()) {
-    return;
-  }
-  auto* nodes = findOrCreate<ColocatedNodesConstr>(BaseConstraint::COLOCATED_NODES, objType, objName);
-  if (nodes == nullptr) {
-    return;
-  }
-  if (notColocated) {
-    nodes->setNotColocatedNodeNames(names);
-  } else {
-    nodes->setColocatedNodeNames(names);
-  }
+  setNodeLists<ColocatedNodesConstr>(BaseConstraint::COLOCATED_NODES, objType, objName, names, notColocated);
 }
 
 void ConstrHandler::addColocatedNodesConstr(ObjectType objType, std::string const& objName, NameList const& names,
                                             bool notColocated) {
-  if (objName.empty()) {
-    return;
-  }
-  ColocatedNodesConstr* nodes = getColocatedNodesConstr(objName);
-  if (nodes == nullptr) {
-    setColocatedNodesConstr(objType, objName, names, notColocated);
-  } else if (notColocated) {
-    nodes->addNotColocatedNodeNames(names);
-  } else {
-    nodes->addNodeNames(names);
-  }
+  addNodeLists<ColocatedNodesConstr>(BaseConstraint::COLOCATED_NODES, objType, objName, names, notColocated);
 }
 
 void ConstrHandler::setColocatedMemoriesConstr(ObjectType objType, std::string const& objName, NameList const& names,
                                                bool notColocated) {
-  if (objName.empty()) {
-    return;
-  }
-  auto* memories = findOrCreate<ColocatedMemoriesConstr>(BaseConstraint::COLOCATED_MEMORIES, objType, objName);
-  if (memories == nullptr) {
-    return;
-  }
-  if (notColocated) {
-    memories->setNotColocatedNodeNames(names);
-  } else {
-    memories->setColocatedNodeNames(names);
-  }
+  setNodeLists<ColocatedMemoriesConstr>(BaseConstraint::COLOCATED_MEMORIES, objType, objName, names, notColocated);
 }
 
 void ConstrHandler::addColocatedMemoriesConstr(ObjectType objType, std::string const& objName, NameList const& names,
                                                bool notColocated) {
-  if (objName.empty()) {
-    return;
-  }
-  ColocatedMemoriesConstr* memories = getColocatedMemoriesConstr(objName);
-  if (memories == nullptr) {
-    setColocatedMemoriesConstr(objType, objName, names, notColocated);
-  } else if (notColocated) {
-    memories->addNotColocatedNodeNames(names);
-  } else {
-    memories->addNodeNames(names);
-  }
+  addNodeLists<ColocatedMemoriesConstr>(BaseConstraint::COLOCATED_MEMORIES, objType, objName, names, notColocated);
 }
 
 void ConstrHandler::setColocatedPortsConstr(ObjectType objType, std::string const& objName, NameList const& names,
                                             bool notColocated) {
   requirePort(objType, "setColocatedPortsConstr");
-  if (objName.empty()) {
-    return;
-  }
-  auto* ports = findOrCreate<ColocatedPortsConstr>(BaseConstraint::COLOCATED_PORTS, objType, objName);
-  if (ports == nullptr) {
-    return;
-  }
-  if (notColocated) {
-    ports->setNotColocatedPortNames(names);
-  } else {
-    ports->setColocatedPortNames(names);
-  }
+  changeConstr<ColocatedPortsConstr>(BaseConstraint::COLOCATED_PORTS, objType, objName,
+                                     [&](ColocatedPortsConstr& ports) {
+                                       if (notColocated) {
+                                         ports.setNotColocatedPortNames(names);
+                                       } else {
+                                         ports.setColocatedPortNames(names);
+                                       }
+                                     });
 }
 
 void ConstrHandler::addColocatedPortsConstr(ObjectType objType, std::string const& objName, NameList const& names,
                                             bool notColocated) {
   requirePort(objType, "addColocatedPortsConstr");
-  if (objName.empty()) {
-    return;
-  }
-  ColocatedPortsConstr* ports = getColocatedPortsConstr(objName);
-  if (ports == nullptr) {
-    setColocatedPortsConstr(objType, objName, names, notColocated);
-  } else if (notColocated) {
-    ports->addNotColocatedPortNames(names);
-  } else {
-    ports->addPortNames(names);
-  }
+  addToConstr<ColocatedPortsConstr>(
+      BaseConstraint::COLOCATED_PORTS, objName,
+      [&](ColocatedPortsConstr& ports) {
+        if (notColocated) {
+          ports.addNotColocatedPortNames(names);
+        } else {
+          ports.addPortNames(names);
+        }
+      },
+      [&] { setColocatedPortsConstr(objType, objName, names, notColocated); });
 }
 
 void ConstrHandler::setExclusiveColocatedPortsConstr(ObjectType objType, std::string const& objName,
                                                      NameList const& names) {
   requirePort(objType, "setExclusiveColocatedPortsConstr");
-  if (objName.empty()) {
-    return;
-  }
-  if (auto* ports = findOrCreate<ColocatedPortsConstr>(BaseConstraint::COLOCATED_PORTS, objType, objName)) {
-    ports->setExclusiveColocatedPortNames(names);
-  }
+  changeConstr<ColocatedPortsConstr>(BaseConstraint::COLOCATED_PORTS, objType, objName,
+                                     [&](ColocatedPortsConstr& ports) { ports.setExclusiveColocatedPortNames(names); });
 }
 
 void ConstrHandler::addExclusiveColocatedPortsConstr(ObjectType objType, std::string const& objName,
                                                      NameList const& names) {
   requirePort(objType, "addExclusiveColocatedPortsConstr");
-  if (objName.empty()) {
-    return;
-  }
-  if (auto* ports = findOrCreate<ColocatedPortsConstr>(BaseConstraint::COLOCATED_PORTS, objType, objName)) {
-    ports->addExclusiveColocatedPortNames(names);
-  }
+  changeConstr<ColocatedPortsConstr>(BaseConstraint::COLOCATED_PORTS, objType, objName,
+                                     [&](ColocatedPortsConstr& ports) { ports.addExclusiveColocatedPortNames(names); });
 }
 
 void ConstrHandler::setColocatedDmaConstr(ObjectType objType, std::string const& objName, NameList const& names) {
   requirePort(objType, "setColocatedDmaConstr");
-  if (objName.empty()) {
-    return;
-  }
-  if (auto* dma = findOrCreate<ColocatedDmaConstr>(BaseConstraint::COLOCATED_DMA, objType, objName)) {
-    dma->setColocatedPortNames(names);
-  }
+  changeConstr<ColocatedDmaConstr>(BaseConstraint::COLOCATED_DMA, objType, objName,
+                                   [&](ColocatedDmaConstr& dma) { dma.setColocatedPortNames(names); });
 }
 
 void ConstrHandler::addColocatedDmaConstr(ObjectType objType, std::string const& objName, NameList const& names) {
   requirePort(objType, "addColocatedDmaConstr");
-  if (objName.empty()) {
-    return;
-  }
-  if (ColocatedDmaConstr* dma = getColocatedDmaConstr(objName)) {
-    dma->addPortNames(names);
-  } else {
-    setColocatedDmaConstr(objType, objName, names);
-  }
+  addToConstr<ColocatedDmaConstr>(
+      BaseConstraint::COLOCATED_DMA, objName, [&](ColocatedDmaConstr& dma) { dma.addPortNames(names); },
+      [&] { setColocatedDmaConstr(objType, objName, names); });
 }
 
 void ConstrHandler::setFifoLocationsConstr(ObjectType objType, std::string const& objName, NameList const& records) {
   requirePort(objType, "setFifoLocationsConstr");
-  if (objName.empty()) {
-    return;
-  }
-  if (auto* fifo = findOrCreate<FifoLocationsConstr>(BaseConstraint::FIFO_LOCATIONS, objType, objName)) {
-    fifo->setFifoLocationsRecordNames(records);
-  }
+  changeConstr<FifoLocationsConstr>(BaseConstraint::FIFO_LOCATIONS, objType, objName,
+                                    [&](FifoLocationsConstr& fifo) { fifo.setFifoLocationsRecordNames(records); });
 }
 
 void ConstrHandler::addFifoLocationsConstr(ObjectType objType, std::string const& objName, NameList const& records) {
   requirePort(objType, "addFifoLocationsConstr");
-  if (objName.empty()) {
-    return;
-  }
-  if (FifoLocationsConstr* fifo = getFifoLocationsConstr(objName)) {
-    fifo->addFifoLocationsRecordNames(records);
-  } else {
-    setFifoLocationsConstr(objType, objName, records);
-  }
+  addToConstr<FifoLocationsConstr>(
+      BaseConstraint::FIFO_LOCATIONS, objName,
+      [&](FifoLocationsConstr& fifo) { fifo.addFifoLocationsRecordNames(records); },
+      [&] { setFifoLocationsConstr(objType, objName, records); });
 }
 
 void ConstrHandler::setRelativeNodesConstr(ObjectType objType, std::string const& objName, OffsetMap const& nodes) {
-  if (objName.empty()) {
-    return;
-  }
-  if (auto* relative = findOrCreate<RelativeNodesConstr>(BaseConstraint::RELATIVE_NODES, objType, objName)) {
-    relative->setNodesWithOffset(nodes);
-  }
+  changeConstr<RelativeNodesConstr>(BaseConstraint::RELATIVE_NODES, objType, objName,
+                                    [&](RelativeNodesConstr& relative) { relative.setNodesWithOffset(nodes); });
 }
 
 void ConstrHandler::addRelativeNodesConstr(ObjectType objType, std::string const& objName, OffsetMap const& nodes) {
-  if (objName.empty()) {
-    return;
-  }
-  if (RelativeNodesConstr* relative = getRelativeNodesConstr(objName)) {
-    relative->addNodesWithOffset(nodes);
-  } else {
-    setRelativeNodesConstr(objType, objName, nodes);
-  }
+  addToConstr<RelativeNodesConstr>(
+      BaseConstraint::RELATIVE_NODES, objName,
+      [&](RelativeNodesConstr& relative) { relative.addNodesWithOffset(nodes); },
+      [&] { setRelativeNodesConstr(objType, objName, nodes); });
 }
 
 // ---------------------------------------------------------------------------------------------
