@@ -28,6 +28,16 @@ TEST(JsonInputStream, LineAndColumnOfParseErrorsAcrossBlockBoundaries) {
     EXPECT_EQ(parseError(text, block), "line 4, column 7: Invalid value.") << "block size " << block;
 }
 
+// Newlines stand at every place of the eight-byte words that the count reads at a time.
+TEST(JsonInputStream, LinesOfLongTextsAreCountedExactly) {
+  std::string text = "[";
+  for (int i = 0; i < 300; ++i)
+    text += std::string(i % 9, ' ') + "1,\n";
+  text += "  x]";
+  for (std::size_t block : {1u << 16, 64u, 13u})
+    EXPECT_EQ(parseError(text, block), "line 301, column 3: Invalid value.") << "block size " << block;
+}
+
 TEST(JsonInputStream, ParseErrorsOfTheFrame) {
   EXPECT_EQ(parseError(""), "line 1, column 1: The document is empty.");
   EXPECT_EQ(parseError("{} {}"), "line 1, column 4: The document root must not be followed by other values.");
@@ -45,7 +55,8 @@ TEST(JsonInputStream, DeepNestingIsRefusedAtTheLimit) {
 
 TEST(JsonInputStream, ParsesWholeDocumentsOfManyBlocks) {
   std::string text = "[";
-  for (int i = 0; i < 5000; ++i) text += (i ? ",\n" : "") + std::to_string(i);
+  for (int i = 0; i < 5000; ++i)
+    text += (i ? ",\n" : "") + std::to_string(i);
   text += "]";
   std::istringstream in(text);
   HCJsonInputStream stream(in, 16);
@@ -60,7 +71,8 @@ TEST(JsonOutputStream, PassesTextOnInBlocksAndOnFlush) {
   std::ostringstream out;
   {
     HCJsonOutputStream stream(out, 4);
-    for (char c : std::string("abcdefghij")) stream.Put(c);
+    for (char c : std::string("abcdefghij"))
+      stream.Put(c);
     EXPECT_EQ(out.str(), "abcdefgh");
     stream.Flush();
     EXPECT_EQ(out.str(), "abcdefghij");
