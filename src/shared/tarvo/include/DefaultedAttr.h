@@ -19,8 +19,9 @@ namespace constraints {
 // A store holds hundreds of thousands of cells, most of them numbers, so a cell keeps no more
 // than its HATAttr and its own kind inline: the default is known from the kind, and the string
 // or list that a string or list cell hands out by reference lives apart, made when the cell
-// first holds a value or first hands one out. Once made it stays, so a reference handed out
-// follows later sets as a member would.
+// first holds a value; until then a read hands out a shared empty one. Once made it stays,
+// so a reference handed out after that follows later sets as a member would. Reads never
+// make it, so that const reads from several threads stay safe.
 class DefaultedAttr {
  public:
   // Kinds used: BOOL, INT, DOUBLE, STRING, STRING_LIST.
@@ -56,16 +57,16 @@ class DefaultedAttr {
   // The default value of the cell's own kind.
   static HATAttr const& defaultOf(HATAttr::Kind kind);
   static Cache emptyCache(HATAttr::Kind ownKind);
-  // The cache of a string or list cell, made empty on first use.
-  Cache& cache() const;
+  // The cache of a string or list cell, made empty if there is none.
+  Cache& cache();
   void updateDefaultFlag();
   void refreshCaches();
 
   HATAttr m_attr;
   // The kind the cell was made with; a set of another kind converts m_attr, not this.
   HATAttr::Kind m_ownKind;
-  // Null for cells of other kinds than STRING and STRING_LIST, and until first used.
-  mutable std::unique_ptr<Cache> m_cache;
+  // Null for cells of other kinds than STRING and STRING_LIST, and until first set.
+  std::unique_ptr<Cache> m_cache;
 };
 
 }  // namespace constraints

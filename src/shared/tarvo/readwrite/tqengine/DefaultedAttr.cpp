@@ -73,19 +73,19 @@ DefaultedAttr::Cache DefaultedAttr::emptyCache(HATAttr::Kind ownKind) {
 }
 
 // Only string and list cells ask for one.
-DefaultedAttr::Cache& DefaultedAttr::cache() const {
+DefaultedAttr::Cache& DefaultedAttr::cache() {
   if (!m_cache) m_cache = std::make_unique<Cache>(emptyCache(m_ownKind));
   return *m_cache;
 }
 
 std::string const& DefaultedAttr::getString() const {
   static std::string const none;
-  return m_ownKind == HATAttr::STRING ? std::get<std::string>(cache()) : none;
+  return m_ownKind == HATAttr::STRING && m_cache ? std::get<std::string>(*m_cache) : none;
 }
 
 std::vector<std::string> const& DefaultedAttr::getStringList() const {
   static std::vector<std::string> const none;
-  return m_ownKind == HATAttr::STRING_LIST ? std::get<std::vector<std::string>>(cache()) : none;
+  return m_ownKind == HATAttr::STRING_LIST && m_cache ? std::get<std::vector<std::string>>(*m_cache) : none;
 }
 
 void DefaultedAttr::reset() {
