@@ -62,16 +62,16 @@ class ConstrSourceScanner {
     std::uint32_t hash;
     std::uint32_t numberPlusOne;
   };
-  // What the pass over the file collects: the number of the text of each occurrence and
-  // the occurrence itself, both in file order.
-  struct Pass {
-    std::vector<std::uint32_t> numbers;
-    std::vector<Occurrence> occurrences;
+  // An occurrence and the number of its text, as the pass over the file meets them.
+  struct Sighting {
+    std::uint32_t number;
+    Occurrence occurrence;
   };
+  typedef std::vector<Sighting> Pass;
 
   // `sizeHint`: the file's size, for the room made in advance.
   void index(std::istream& in, std::size_t sizeHint);
-  void indexLine(std::string_view line, std::uint32_t lineNumber, Pass& pass);
+  void indexLines(std::string_view text, std::uint32_t& line, Pass& pass);
   void groupByText(Pass const& pass);
   // The number of a text, made for a text not seen before.
   std::uint32_t numberOf(std::string_view text);
@@ -93,7 +93,8 @@ class ConstrSourceScanner {
   // size, at most half full.
   std::vector<Text> m_texts;
   std::vector<Slot> m_slots;
-  std::vector<Occurrence> m_occurrences;
+  // Grouped by text, in file order within a text; made whole by the pass, never grown.
+  std::unique_ptr<Occurrence[]> m_occurrences;
   Text const* m_lastName = nullptr;
   // The bytes of the texts of m_texts, in blocks that never move.
   std::vector<std::unique_ptr<char[]>> m_textBlocks;

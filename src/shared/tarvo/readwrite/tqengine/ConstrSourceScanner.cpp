@@ -25,33 +25,59 @@ std::size_t fileSize(std::istream& in) {
   return size > 0 ? static_cast<std::size_t>(size) : 0;
 }
 
+std::uint64_t load8(char const* at) {
+  std::uint64_t word;
+  std::memcpy(&word, at, 8);
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
+  word = __builtin_bswap64(word);  // the first byte in the low bits, as the scan expects
+#endif
+  return word;
+}
+
+std::uint32_t load4(char const* at) {
+  std::uint32_t word;
+  std::memcpy(&word, at, 4);
+  return word;
+}
+
 // Eight bytes at a time, with a final mix, so that texts that differ only in their last
-// characters, as generated names do, spread over the low bits that choose a slot.
+// characters, as generated names do, spread over the low bits that choose a slot. Most
+// quoted texts are keys shorter than eight bytes, taken whole in one step.
 std::uint32_t hashOf(std::string_view text) {
   std::uint64_t const multiplier = 0x9E3779B97F4A7C15ull;
-  std::uint64_t hash = text.size() * multiplier;
+  char const* const data = text.data();
+  std::size_t const size = text.size();
+  std::uint64_t hash = size * multiplier;
   std::size_t at = 0;
-  for (; at + 8 <= text.size(); at += 8) {
-    std::uint64_t word;
-    std::memcpy(&word, text.data() + at, 8);
-    hash = (hash ^ word) * multiplier;
+  for (; at + 8 <= size; at += 8) {
+    hash = (hash ^ load8(data + at)) * multiplier;
     hash ^= hash >> 29;
   }
-  // The last bytes: the final eight, overlapping what came before, or one by one in a text
-  // shorter than that.
-  if (at < text.size()) {
-    std::uint64_t word = 0;
-    if (text.size() >= 8) {
-      std::memcpy(&word, text.data() + text.size() - 8, 8);
-    } else {
-      for (char c : text)
-        word = (word << 8) | static_cast<unsigned char>(c);
-    }
+  // The last bytes: the final eight, overlapping what came before, or, in a shorter text,
+  // two overlapping fours or the first, middle and last byte.
+  if (at < size) {
+    std::uint64_t word;
+    if (size >= 8)
+      word = load8(data + size - 8);
+    else if (size >= 4)
+      word = (std::uint64_t(load4(data)) << 32) | load4(data + size - 4);
+    else
+      word = (std::uint64_t(static_cast<unsigned char>(data[0])) << 16) |
+             (std::uint64_t(static_cast<unsigned char>(data[size / 2])) << 8) |
+             static_cast<unsigned char>(data[size - 1]);
     hash = (hash ^ word) * multiplier;
   }
   hash ^= hash >> 32;
   hash *= multiplier;
   return static_cast<std::uint32_t>(hash >> 32);
+}
+
+// Bit 7 of each byte of the result is set where that byte of `word` equals the byte that
+// `pattern` repeats, and nowhere else: the sum cannot carry from one byte into the next.
+std::uint64_t bytesEqual(std::uint64_t word, std::uint64_t pattern) {
+  std::uint64_t const low7 = 0x7F7F7F7F7F7F7F7Full;
+  std::uint64_t const x = word ^ pattern;
+  return ~(((x & low7) + low7) | x) & ~low7;
 }
 
 }  // namespace
@@ -75,8 +101,7 @@ ConstrSourceScanner::State ConstrSourceScanner::load() {
 // itself. A line that spans blocks is searched for its end only in the new bytes.
 void ConstrSourceScanner::index(std::istream& in, std::size_t sizeHint) {
   Pass pass;
-  pass.numbers.reserve(sizeHint / kBytesPerQuotedText);
-  pass.occurrences.reserve(sizeHint / kBytesPerQuotedText);
+  pass.reserve(sizeHint / kBytesPerQuotedText);
   std::size_t capacity = kReadBlockSize;
   std::unique_ptr<char[]> buffer(new char[capacity]);
   std::size_t kept = 0;
@@ -92,46 +117,62 @@ void ConstrSourceScanner::index(std::istream& in, std::size_t sizeHint) {
     in.read(buffer.get() + kept, static_cast<std::streamsize>(capacity - kept));
     std::string_view const text(buffer.get(), kept + static_cast<std::size_t>(in.gcount()));
     atEnd = !in;
-    std::size_t start = 0;
-    for (std::size_t end = text.find('\n', kept); end != std::string_view::npos; end = text.find('\n', start)) {
-      indexLine(text.substr(start, end - start), line++, pass);
-      start = end + 1;
-    }
-    kept = text.size() - start;
-    std::memmove(buffer.get(), buffer.get() + start, kept);
+    std::size_t const newline = text.substr(kept).rfind('\n');
+    std::size_t const complete = newline == std::string_view::npos ? 0 : kept + newline + 1;
+    if (complete > 0) indexLines(text.substr(0, complete), line, pass);
+    kept = text.size() - complete;
+    std::memmove(buffer.get(), buffer.get() + complete, kept);
   }
-  indexLine(std::string_view(buffer.get(), kept), line, pass);
+  indexLines(std::string_view(buffer.get(), kept), line, pass);
   groupByText(pass);
 }
 
 // Every match of a quoted text without quotes inside starts at a quote whose next quote on
 // the same line closes it, so indexing the text between each pair of neighbouring quotes
-// finds all matches that a line search would find.
-void ConstrSourceScanner::indexLine(std::string_view line, std::uint32_t lineNumber, Pass& pass) {
-  std::size_t open = line.find('"');
-  while (open != std::string_view::npos) {
-    std::size_t const close = line.find('"', open + 1);
-    if (close == std::string_view::npos) return;
-    pass.numbers.push_back(numberOf(line.substr(open + 1, close - open - 1)));
-    pass.occurrences.push_back({lineNumber, static_cast<std::uint32_t>(open + 1)});
-    open = close;
+// finds all matches that a line search would find. Quotes and newlines are found eight
+// bytes at a time; `line` is the number of the first line and becomes that of the last.
+void ConstrSourceScanner::indexLines(std::string_view text, std::uint32_t& line, Pass& pass) {
+  std::size_t const none = std::string_view::npos;
+  std::size_t lineStart = 0;
+  std::size_t open = none;
+  auto const take = [&](std::size_t at) {
+    if (text[at] == '\n') {
+      ++line;
+      lineStart = at + 1;
+      open = none;
+      return;
+    }
+    if (open != none)
+      pass.push_back(
+          {numberOf(text.substr(open + 1, at - open - 1)), {line, static_cast<std::uint32_t>(open - lineStart + 1)}});
+    open = at;
+  };
+  std::uint64_t const quotes = 0x2222222222222222ull;
+  std::uint64_t const newlines = 0x0A0A0A0A0A0A0A0Aull;
+  std::size_t at = 0;
+  for (; at + 8 <= text.size(); at += 8) {
+    std::uint64_t const word = load8(text.data() + at);
+    for (std::uint64_t found = bytesEqual(word, quotes) | bytesEqual(word, newlines); found != 0; found &= found - 1)
+      take(at + (static_cast<std::size_t>(__builtin_ctzll(found)) >> 3));
   }
+  for (; at < text.size(); ++at)
+    if (text[at] == '"' || text[at] == '\n') take(at);
 }
 
 // A counting sort by text number, which keeps file order within each text.
 void ConstrSourceScanner::groupByText(Pass const& pass) {
-  for (std::uint32_t number : pass.numbers)
-    ++m_texts[number].count;
+  for (Sighting const& sighting : pass)
+    ++m_texts[sighting.number].count;
   std::uint32_t begin = 0;
   for (Text& text : m_texts) {
     text.begin = begin;
     begin += text.count;
     text.count = 0;
   }
-  m_occurrences.resize(pass.occurrences.size());
-  for (std::size_t i = 0; i < pass.numbers.size(); ++i) {
-    Text& text = m_texts[pass.numbers[i]];
-    m_occurrences[text.begin + text.count++] = pass.occurrences[i];
+  m_occurrences.reset(new Occurrence[pass.size()]);
+  for (Sighting const& sighting : pass) {
+    Text& text = m_texts[sighting.number];
+    m_occurrences[text.begin + text.count++] = sighting.occurrence;
   }
 }
 
@@ -195,7 +236,7 @@ bool ConstrSourceScanner::findAfter(std::string const& text, std::uint32_t after
   if (text.find('"') != std::string::npos) return searchLines('"' + text + '"', afterLine, found);
   Text const* const entry = lookUp(text);
   if (entry == nullptr) return false;
-  auto const first = m_occurrences.begin() + entry->begin;
+  Occurrence const* const first = m_occurrences.get() + entry->begin;
   auto const last = first + entry->count;
   auto const next =
       std::upper_bound(first, last, afterLine, [](std::uint32_t line, Occurrence const& o) { return line < o.line; });
