@@ -56,6 +56,11 @@ TEST(DocumentFrame, SchemaFailuresNameTheCanonicalSchemaPath) {
   std::string const broken = dataPath("frame/broken.schema.json");
   EXPECT_EQ(thrown([&] { loadText("{}", broken, doc); }),
             "8-103|" + canonical(broken) + "|line 3, column 3: Missing a comma or '}' after an object member.");
+  // A text that parses but is no schema never reaches the validator, which may crash on one.
+  std::string const notSchema = dataPath("frame/not-a-schema.json");
+  EXPECT_EQ(thrown([&] { loadText("{}", notSchema, doc); }),
+            "8-103|" + canonical(notSchema) +
+                "|not a draft-04 JSON schema: the value at #/properties/a/type fails the meta-schema's \"anyOf\"");
 }
 
 TEST(DocumentFrame, ReaderFileFormReportsCanonicalNameAndPassesTheGivenOne) {

@@ -82,6 +82,9 @@ class HCRapidJsonReadWriteUtils {
   // Checks that `file` holds a JSON schema that draft-04's meta-schema accepts; reports an
   // unreadable file, a syntax error or a broken schema through the error operations above.
   static void validateSchemaFile(std::string const& file);
+  // The same check on a schema already parsed from `file`: RapidJSON's schema documents
+  // assume well-formed schemas, and some malformed ones crash the validator.
+  static void validateSchemaDocument(Document const& schema, std::string const& file);
 };
 
 #endif

@@ -310,6 +310,10 @@ void HCRapidJsonReadWriteUtils::errorParsingSchemaFile(std::string const& file, 
 void HCRapidJsonReadWriteUtils::validateSchemaFile(std::string const& file) {
   Document schema;
   parseSchemaLikeFile(file, schema);
+  validateSchemaDocument(schema, file);
+}
+
+void HCRapidJsonReadWriteUtils::validateSchemaDocument(Document const& schema, std::string const& file) {
   std::string const metaPath = HUTEnv::getQDSDataDir(kMetaSchema) + HUTFile::getDirSeparator() + kMetaSchema;
   Document meta;
   parseSchemaLikeFile(metaPath, meta);

@@ -62,6 +62,7 @@ std::unique_ptr<rapidjson::SchemaDocument> JsonDocumentFrame::loadSchema(std::st
   HCJsonInputStream stream(in);
   rapidjson::ParseResult const result = Json::ParseStream(stream, schema);
   if (result.IsError()) Json::errorParsingSchemaFile(canonical, Json::GetErrorMsgFromParse(result, stream));
+  Json::validateSchemaDocument(schema, canonical);
   return std::make_unique<rapidjson::SchemaDocument>(schema);
 }
 
