@@ -250,7 +250,7 @@ class ConstrHandler {
  private:
   // The index entry of a name, or null.
   ConstrList const* findBucket(std::string const& objName) const;
-  // The index entry of a name, made if there is none; the name is taken over as its key.
+  // The index entry of a name, made if there is none, with a copy of the name as its key.
   ConstrList& bucketFor(std::string const& objName);
   void rememberBucket(std::pair<std::string const, ConstrList> const& entry) const;
   template <class T>
