@@ -5,16 +5,9 @@
 #include <cstring>
 #include <utility>
 
-namespace {
+#include "HSTStrUtils.h"
 
-// The number of '\n' bytes in the eight bytes of `word`: a byte is zero after the xor
-// exactly when it was a newline, and the zero test below never borrows across bytes.
-int newlinesIn(std::uint64_t word) {
-  std::uint64_t const low7 = 0x7F7F7F7F7F7F7F7Full;
-  std::uint64_t const x = word ^ 0x0A0A0A0A0A0A0A0Aull;
-  std::uint64_t const nonZero = ((x & low7) + low7) | x;
-  return __builtin_popcountll(~nonZero & ~low7);
-}
+namespace {
 
 // Counts the newlines in [text, text + count), eight bytes at a time; `lineStart` becomes the
 // offset just behind the last of them, where `base` is the offset of `text`.
@@ -24,7 +17,7 @@ void countLines(char const* text, std::size_t count, std::size_t base, std::size
   for (; at + 8 <= count; at += 8) {
     std::uint64_t word;
     std::memcpy(&word, text + at, 8);
-    found += static_cast<std::size_t>(newlinesIn(word));
+    found += static_cast<std::size_t>(__builtin_popcountll(HSTStrUtils::bytesEqual(word, '\n')));
   }
   for (; at < count; ++at)
     found += text[at] == '\n' ? 1 : 0;

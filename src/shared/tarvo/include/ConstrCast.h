@@ -1,28 +1,10 @@
 #ifndef KPE_CONSTRAINTS_CONSTRCAST_H
 #define KPE_CONSTRAINTS_CONSTRCAST_H
 
+#include "ConstrFwd.h"
+
 namespace kpe {
 namespace constraints {
-
-class BaseConstraint;
-class AreaGroupConstr;
-class AttrConstr;
-class BufferConstr;
-class ColocatedDmaConstr;
-class ColocatedMemoriesConstr;
-class ColocatedNodesConstr;
-class ColocatedPortsConstr;
-class DependentRoutingGroupConstr;
-class FifoLocationsConstr;
-class InstGroupConstr;
-class IsomorphicGraphGroupConstr;
-class MemConstr;
-class PortLocConstr;
-class RelativeNodesConstr;
-class ReservedMemoryConstr;
-class ShimConstr;
-class StreamChannelConstr;
-class TileConstr;
 
 // Checked downcasts: null for a null argument or a constraint of another type field,
 // otherwise the dynamic cast. Never throws.

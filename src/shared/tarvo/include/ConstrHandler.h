@@ -12,6 +12,7 @@
 #include "Address.h"
 #include "AttrConstr.h"
 #include "BaseConstraint.h"
+#include "ConstrFwd.h"
 #include "FifoLocations.h"
 #include "HDPoint.h"
 #include "PhysicalRange.h"
@@ -19,26 +20,6 @@
 
 namespace kpe {
 namespace constraints {
-
-class AreaGroupConstr;
-class BaseNameResolver;
-class BaseVisitor;
-class BufferConstr;
-class ColocatedDmaConstr;
-class ColocatedMemoriesConstr;
-class ColocatedNodesConstr;
-class ColocatedPortsConstr;
-class ConstBaseVisitor;
-class DependentRoutingGroupConstr;
-class InstGroupConstr;
-class IsomorphicGraphGroupConstr;
-class MemConstr;
-class PortLocConstr;
-class RelativeNodesConstr;
-class ReservedMemoryConstr;
-class ShimConstr;
-class StreamChannelConstr;
-class TileConstr;
 
 // The store of a design's constraints: it alone makes them and owns them, together with the
 // FIFO location records. A constraint is known by (kind, object name), an attribute by

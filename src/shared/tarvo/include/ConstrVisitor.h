@@ -1,27 +1,10 @@
 #ifndef KPE_CONSTRAINTS_CONSTRVISITOR_H
 #define KPE_CONSTRAINTS_CONSTRVISITOR_H
 
+#include "ConstrFwd.h"
+
 namespace kpe {
 namespace constraints {
-
-class BaseConstraint;
-class AreaGroupConstr;
-class AttrConstr;
-class BufferConstr;
-class ColocatedDmaConstr;
-class ColocatedMemoriesConstr;
-class ColocatedNodesConstr;
-class ColocatedPortsConstr;
-class DependentRoutingGroupConstr;
-class FifoLocationsConstr;
-class InstGroupConstr;
-class MemConstr;
-class PortLocConstr;
-class RelativeNodesConstr;
-class ReservedMemoryConstr;
-class ShimConstr;
-class StreamChannelConstr;
-class TileConstr;
 
 // Dispatches a constraint to the operation of its kind. Isomorphic graph groups have no
 // operation and are passed over in silence.

@@ -55,6 +55,7 @@
 #include "BaseNameResolver.h"
 #include "ColocationConstraints.h"
 #include "ConstrCast.h"
+#include "ConstrFwd.h"
 #include "ConstrHandler.h"
 #include "ConstrJsonViews.h"
 #include "ConstrPlaceText.h"

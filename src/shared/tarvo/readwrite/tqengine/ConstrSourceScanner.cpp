@@ -4,6 +4,7 @@
 #include <cstring>
 #include <fstream>
 
+#include "HSTStrUtils.h"
 #include "HUTFile.h"
 
 namespace kpe {
@@ -70,14 +71,6 @@ std::uint32_t hashOf(std::string_view text) {
   hash ^= hash >> 32;
   hash *= multiplier;
   return static_cast<std::uint32_t>(hash >> 32);
-}
-
-// Bit 7 of each byte of the result is set where that byte of `word` equals the byte that
-// `pattern` repeats, and nowhere else: the sum cannot carry from one byte into the next.
-std::uint64_t bytesEqual(std::uint64_t word, std::uint64_t pattern) {
-  std::uint64_t const low7 = 0x7F7F7F7F7F7F7F7Full;
-  std::uint64_t const x = word ^ pattern;
-  return ~(((x & low7) + low7) | x) & ~low7;
 }
 
 }  // namespace
@@ -147,12 +140,11 @@ void ConstrSourceScanner::indexLines(std::string_view text, std::uint32_t& line,
           {numberOf(text.substr(open + 1, at - open - 1)), {line, static_cast<std::uint32_t>(open - lineStart + 1)}});
     open = at;
   };
-  std::uint64_t const quotes = 0x2222222222222222ull;
-  std::uint64_t const newlines = 0x0A0A0A0A0A0A0A0Aull;
   std::size_t at = 0;
   for (; at + 8 <= text.size(); at += 8) {
     std::uint64_t const word = load8(text.data() + at);
-    for (std::uint64_t found = bytesEqual(word, quotes) | bytesEqual(word, newlines); found != 0; found &= found - 1)
+    for (std::uint64_t found = HSTStrUtils::bytesEqual(word, '"') | HSTStrUtils::bytesEqual(word, '\n'); found != 0;
+         found &= found - 1)
       take(at + (static_cast<std::size_t>(__builtin_ctzll(found)) >> 3));
   }
   for (; at < text.size(); ++at)
