@@ -4,7 +4,9 @@
 set -euo pipefail
 
 packages=(cmake make g++ rapidjson-dev libboost-dev libboost-iostreams-dev libboost-filesystem-dev
-          zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev)
+          zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
+          libcli11-dev libvalijson-dev
+          python3 python3-dev pybind11-dev python3-pybind11 python3-pytest python3-jsonschema)
 if [[ "${1:-}" == "--fuzz" ]]; then
   packages+=(clang libclang-rt-dev)
 fi
