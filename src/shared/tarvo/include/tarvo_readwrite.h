@@ -7,7 +7,6 @@
 #include "ComMsgMgrInstance.h"
 #include "HATAttr.h"
 #include "HCRapidJsonReadWriteUtils.h"
-#include "HCRapidJsonStreams.h"
 #include "HDGUIStatus.h"
 #include "HDPoint.h"
 #include "HEXAlgException.h"

@@ -11,8 +11,10 @@
 #include "JsonDocumentFrame.h"
 #include "NOCJsonEnumTexts.h"
 #include "NOCJsonReadWriteUtils.h"
+#include "StringScan.h"
 #include "TrafficSpec.h"
 
+using tarvo::jsonio::StringScan;
 using namespace DevHrdIP::Definitions;
 using HrdIPToolCntr::DestIdRepr;
 using HrdIPToolCntr::PerfSpec;
@@ -27,12 +29,9 @@ namespace NOC {
 
 namespace {
 
-bool endsWith(std::string const& text, std::string const& ending) {
-  return text.size() >= ending.size() && text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
-}
-
 bool isErrorSlaveName(std::string const& name) {
-  return endsWith(name, TrafficSpec::getErrorSlaveName()) || endsWith(name, TrafficSpec::getErrorSlaveName_hp());
+  return StringScan::endsWith(name, TrafficSpec::getErrorSlaveName()) ||
+         StringScan::endsWith(name, TrafficSpec::getErrorSlaveName_hp());
 }
 
 // Base 0: "0x" hexadecimal, a leading 0 octal, otherwise decimal; no number reads as 0.

@@ -16,6 +16,7 @@
 #include "KPEShimInterfaceSolution.h"
 #include "KPEShimPortSites.h"
 #include "NOCJsonReadWriteUtils.h"
+#include "StringScan.h"
 #include "TQLogicalArchModel.h"
 #include "TrafficSpec.h"
 
@@ -60,7 +61,7 @@ class TQCompilerSolutionReaderJSON::PlacementReader {
     std::vector<TQLogicalTQIPInstance*> all;
     model.getTQIPInstances(all);
     for (TQLogicalTQIPInstance* instance : all)
-      if (instancePrefix.empty() || HSTStrUtils::startsWith(instance->getName(), instancePrefix))
+      if (instancePrefix.empty() || tarvo::jsonio::StringScan::startsWith(instance->getName(), instancePrefix))
         m_instances.push_back(instance);
   }
 

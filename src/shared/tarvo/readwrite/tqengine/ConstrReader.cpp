@@ -21,6 +21,9 @@
 #include "HUTFile.h"
 #include "HUTFileUtils.h"
 #include "JsonDocumentFrame.h"
+#include "StringScan.h"
+
+using tarvo::jsonio::StringScan;
 
 namespace kpe {
 namespace constraints {
@@ -33,15 +36,6 @@ std::size_t const kParseStackCapacity = 1024;
 std::string const& text(JsonValue const& name, std::string& buffer) {
   buffer.assign(name.GetString(), name.GetStringLength());
   return buffer;
-}
-
-bool endsWith(std::string const& textValue, std::string const& suffix) {
-  return textValue.size() >= suffix.size() &&
-         textValue.compare(textValue.size() - suffix.size(), suffix.size(), suffix) == 0;
-}
-
-bool startsWith(std::string const& textValue, std::string_view prefix) {
-  return std::string_view(textValue).substr(0, prefix.size()) == prefix;
 }
 
 // Whether the member name is `key` followed by the source suffix; asked for every key.
@@ -295,7 +289,7 @@ void ConstrReader::readNetConstraints(JsonValue const& nets) {
     if (!member.value.IsObject()) continue;
     for (auto const& entry : member.value.GetObject()) {
       text(entry.name, key);
-      if (!endsWith(key, kSrcInfoSuffix)) readAttribute(BaseConstraint::NET, name, key, entry.value);
+      if (!StringScan::endsWith(key, kSrcInfoSuffix)) readAttribute(BaseConstraint::NET, name, key, entry.value);
       scanSource(name, key);
       json::JBaseValue const source(member.value, (key + kSrcInfoSuffix).c_str());
       if (source.isValid()) readExplicitSource(name, key, *source.value());
@@ -382,7 +376,7 @@ void ConstrReader::readNodeKey(std::string const& name, std::string const& key, 
     readColocatedNodeLists(BaseConstraint::COLOCATED_MEMORIES, BaseConstraint::NODE, name, value, false, true);
   else if (word == "not_colocated_reserved_memories")
     readColocatedNodeLists(BaseConstraint::COLOCATED_MEMORIES, BaseConstraint::NODE, name, value, true, true);
-  else if (!endsWith(key, kSrcInfoSuffix))
+  else if (!StringScan::endsWith(key, kSrcInfoSuffix))
     readAttribute(BaseConstraint::NODE, name, key, value);
 }
 
@@ -412,7 +406,7 @@ void ConstrReader::readPortKey(std::string const& name, std::string const& key, 
     readFifoLocations(name, value);
   else if (word == "port_loc")
     readPortLoc(name, value);
-  else if (!endsWith(key, kSrcInfoSuffix))
+  else if (!StringScan::endsWith(key, kSrcInfoSuffix))
     readAttribute(BaseConstraint::PORT, name, key, value);
 }
 
@@ -719,13 +713,13 @@ void ConstrReader::readGroupSource(BaseConstraint::ConstrType kind, std::string 
 }
 
 SrcInfo* ConstrReader::sourceOf(std::string const& name, std::string const& key) const {
-  if (startsWith(key, "not_")) {
+  if (StringScan::startsWith(key, "not_")) {
     BaseConstraint* constraint = m_store.getConstr(name, key.substr(4));
     if (auto* nodes = dynamic_cast<ColocatedNodeListsConstr*>(constraint)) return &nodes->getNotColocatedSrcInfo();
     if (auto* ports = dynamic_cast<ColocatedPortsConstr*>(constraint)) return &ports->getNotColocatedSrcInfo();
     return nullptr;
   }
-  if (startsWith(key, "exclusive_")) {
+  if (StringScan::startsWith(key, "exclusive_")) {
     ColocatedPortsConstr* ports = m_store.getColocatedPortsConstr(name);
     return ports == nullptr ? nullptr : &ports->getExclusiveColocatedSrcInfo();
   }
