@@ -3,6 +3,9 @@
 #include "ConstrHandler.h"
 #include "ConstrWriteSupport.h"
 
+#include <utility>
+#include <vector>
+
 namespace kpe {
 namespace constraints {
 
@@ -195,11 +198,17 @@ void FifoLocationsRecords::clear() {
   m_records.clear();
 }
 
+// Clones every record before any is replaced: a store copied into itself would otherwise
+// destroy a record and then clone it.
 void FifoLocationsRecords::copy(ConstrHandler const& source) {
+  std::vector<std::pair<std::string, FifoLocationsRecord*>> clones;
   for (auto const& entry : source.getRecords().getRecords()) {
-    FifoLocationsRecord*& slot = m_records[entry.first];
+    clones.emplace_back(entry.first, entry.second->clone());
+  }
+  for (auto const& made : clones) {
+    FifoLocationsRecord*& slot = m_records[made.first];
     FifoLocationsRecord::destroy(slot);
-    slot = entry.second->clone();
+    slot = made.second;
   }
 }
 
