@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_CONSTRHANDLER_H
-#define KPE_CONSTRAINTS_CONSTRHANDLER_H
+#ifndef TARVO_CONSTRHANDLER_H
+#define TARVO_CONSTRHANDLER_H
 
 #include <cstddef>
 #include <functional>

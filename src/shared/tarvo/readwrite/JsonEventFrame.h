@@ -1,5 +1,5 @@
-#ifndef JSONEVENTFRAME_H
-#define JSONEVENTFRAME_H
+#ifndef TARVO_JSONEVENTFRAME_H
+#define TARVO_JSONEVENTFRAME_H
 
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/reader.h>
