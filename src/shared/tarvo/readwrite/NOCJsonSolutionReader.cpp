@@ -9,12 +9,14 @@
 #include "HCRapidJsonReadWriteUtils.h"
 #include "HIPLogicalObjectNameResolverInterface.h"
 #include "JsonDocumentFrame.h"
+#include "JsonMembers.h"
 #include "NOCJsonEnumTexts.h"
 #include "NOCJsonReadWriteUtils.h"
 #include "NOCSolutionDocumentKeys.h"
 #include "StringScan.h"
 #include "TrafficSpec.h"
 
+using tarvo::jsonio::JsonMembers;
 using tarvo::jsonio::StringScan;
 using namespace DevHrdIP::Definitions;
 using DevHrdIP::Component;
@@ -34,11 +36,6 @@ typedef NOCSolutionDocumentKeys Keys;
 namespace NOC {
 
 namespace {
-
-Value const* arrayMember(Value const& object, std::string const& key) {
-  if (!Json::IsArrayProperty(object, key)) return nullptr;
-  return &object.FindMember(rapidjson::StringRef(key.data(), static_cast<rapidjson::SizeType>(key.size())))->value;
-}
 
 // What a path of the document names, in the order of its keys.
 struct PathEntry {
@@ -70,10 +67,10 @@ class SolutionDocumentReader {
     bool const lockAll =
         Json::IsBooleanProperty(root, Keys::lockAllDestIds) && Json::GetBooleanProperty(root, Keys::lockAllDestIds);
     m_result.setHasLockedDestIdsForAllComps(lockAll);
-    if (Value const* paths = arrayMember(root, Keys::paths))
+    if (Value const* paths = JsonMembers::findArray(root, Keys::paths))
       for (Value const& path : paths->GetArray())
         readPath(path);
-    if (Value const* components = arrayMember(root, Keys::components))
+    if (Value const* components = JsonMembers::findArray(root, Keys::components))
       for (Value const& component : components->GetArray())
         readComponent(component);
   }
@@ -137,7 +134,7 @@ class SolutionDocumentReader {
     uint32_t readLatencySum = 0;
     uint32_t writeLatencySum = 0;
     TrafficPath const* current = nullptr;
-    if (Value const* nets = arrayMember(object, Keys::nets)) {
+    if (Value const* nets = JsonMembers::findArray(object, Keys::nets)) {
       for (Value const& net : nets->GetArray()) {
         int const type = Keys::commTypeOf(Json::GetStringProperty(net, Keys::commType));
         TrafficNet const* match = lastMatch(candidates, type, entry.port);
@@ -166,7 +163,7 @@ class SolutionDocumentReader {
 
   std::vector<Link const*> links(Value const& net) {
     std::vector<Link const*> route;
-    Value const* connections = arrayMember(net, Keys::connections);
+    Value const* connections = JsonMembers::findArray(net, Keys::connections);
     if (connections == nullptr) return route;
     rapidjson::SizeType const count = connections->Size();
     if (count % 4 != 0)

@@ -18,6 +18,7 @@
 #include "NOCJsonReadWriteUtils.h"
 #include "StringScan.h"
 #include "TQLogicalArchModel.h"
+#include "TrafficInstanceLookup.h"
 #include "TrafficSpec.h"
 
 using namespace Tarvo::Frameworks;
@@ -116,7 +117,7 @@ class TQCompilerSolutionReaderJSON::PlacementReader {
     int const channel = KPEGRMDeviceUtils::getIndexOfChanInShim(m_part, site);
     bool const odd = (channel & 1) != 0;
     std::string const& channelName = KPEShimPortSites::channelForParity(port.getTqChannelFullHierNames(), odd);
-    HrdIPToolCntr::TrafficLInst const* instance = KPEShimPortSites::logicalInstance(m_traffic, channelName);
+    HrdIPToolCntr::TrafficLInst const* instance = TrafficInstanceLookup::find(m_traffic, channelName);
     if (instance != nullptr) m_placements.emplace_back(instance, site);
   }
 

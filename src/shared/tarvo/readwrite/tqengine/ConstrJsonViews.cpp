@@ -1,6 +1,7 @@
 #include "ConstrJsonViews.h"
 
 #include "ConstrPlaceText.h"
+#include "JsonMembers.h"
 
 namespace json {
 
@@ -58,11 +59,7 @@ bool readPlace(std::string const& text, PhysicalSpec& spec) {
 
 }  // namespace
 
-JBaseValue::JBaseValue(Value const& object, char const* key) : m_value(nullptr) {
-  if (!object.IsObject()) return;
-  Value::ConstMemberIterator const found = object.FindMember(key);
-  if (found != object.MemberEnd()) m_value = &found->value;
-}
+JBaseValue::JBaseValue(Value const& object, char const* key) : m_value(tarvo::jsonio::JsonMembers::find(object, key)) {}
 
 JBaseValue::~JBaseValue() = default;
 
