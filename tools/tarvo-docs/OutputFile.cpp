@@ -162,19 +162,21 @@ OutputFile::OutputFile(std::string target, std::ostream& standardOutput)
     m_stream.push(boost::iostreams::back_inserter(m_buffer));
     return;
   }
-  m_path = followLinks(m_target);
-  if (m_path.empty()) fail("its symbolic links do not end", errno);
   struct stat status {};
-  bool const exists = stat(m_path.c_str(), &status) == 0;
+  bool const exists = stat(m_target.c_str(), &status) == 0;
   if (exists && S_ISDIR(status.st_mode)) fail("it is a directory", 0);
   if (exists && !S_ISREG(status.st_mode)) {
     // A device or a FIFO is written where it is; opening a FIFO waits for its reader.
     m_mode = Mode::InPlace;
-    m_fd = open(m_path.c_str(), O_WRONLY | O_CLOEXEC);
+    m_fd = open(m_target.c_str(), O_WRONLY | O_CLOEXEC);
     if (m_fd < 0) fail("it cannot be opened for writing", errno);
     m_stream.push(boost::iostreams::back_inserter(m_buffer));
     return;
   }
+  // A regular file (or a new one, perhaps the end of a dangling link) is replaced where its
+  // links lead, so that the links stay.
+  m_path = followLinks(m_target);
+  if (m_path.empty()) fail("its symbolic links do not end", errno);
   if (exists && faccessat(AT_FDCWD, m_path.c_str(), W_OK, AT_EACCESS) != 0)
     fail("you may not write it; it is left as it was", errno);
   openTemporary(m_path, exists);
