@@ -181,10 +181,12 @@ OutputFile::OutputFile(std::string target, std::ostream& standardOutput)
     fail("you may not write it; it is left as it was", errno);
   openTemporary(m_path, exists);
   if (exists) {
-    // The new text takes the place of the old under the same permissions.
-    if (fchown(m_fd, status.st_uid, status.st_gid) != 0 && fchown(m_fd, static_cast<uid_t>(-1), status.st_gid) != 0) {
-      // Another owner or group is not ours to give; the file is then ours, as a new file would be.
-    }
+    // The new text takes the old one's mode, and its owner and group where they are ours to
+    // give (as root), else its group where we belong to it; otherwise the file is ours, as a
+    // new file would be.
+    bool const owned =
+        fchown(m_fd, status.st_uid, status.st_gid) == 0 || fchown(m_fd, static_cast<uid_t>(-1), status.st_gid) == 0;
+    static_cast<void>(owned);
     fchmod(m_fd, status.st_mode & 07777);
   } else {
     mode_t const mask = umask(0);

@@ -12,6 +12,7 @@
 #include "CommandRun.h"
 #include "DocumentKind.h"
 #include "ExitCode.h"
+#include "ReadOutcome.h"
 #include "UsageError.h"
 
 namespace tarvo_docs {
@@ -172,7 +173,15 @@ int runCommand(Command const& command, std::vector<std::string> const& args, Too
   bool allPassed = true;
   for (std::string const& input : inputsOf(run.files(), command.walksDirectories)) {
     ReadOutcome outcome = run.read(input, kind);
-    allPassed = command.onDocument(run, outcome) && allPassed;
+    bool passed = false;
+    try {
+      passed = command.onDocument(run, outcome);
+    } catch (UsageError const&) {
+      throw;
+    } catch (std::exception const&) {
+      reportError(std::current_exception(), run.err());
+    }
+    allPassed = passed && allPassed;
   }
   return allPassed ? kExitSuccess : kExitFailed;
 }
@@ -204,6 +213,9 @@ int runTool(std::vector<std::string> const& args, std::ostream& out, std::ostrea
     if (error.pointsToHelp()) err << " (see tarvo-docs " << (command ? command->name + " " : "") << "--help)";
     err << "\n";
     return kExitUsage;
+  } catch (std::exception const&) {
+    reportError(std::current_exception(), err);
+    return kExitFailed;
   }
 }
 
