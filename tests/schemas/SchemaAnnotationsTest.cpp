@@ -9,6 +9,7 @@
 
 #include "HCRapidJsonReadWriteUtils.h"
 #include "JsonDocumentFrame.h"
+#include "KPEPrjMetaDataModel.h"
 #include "TestSupport.h"
 
 // The installed schemas are read by people and editors as much as by validators: every key
@@ -20,6 +21,7 @@ namespace fs = boost::filesystem;
 typedef JsonDocumentFrame Frame;
 
 std::string const kSourceDir = TARVO_SOURCE_DIR;
+std::string const kMetadataSchema = kSourceDir + "/data/parts/zorvex/common/tellura/ProjectMetaDataSchema.json";
 
 // Every schema below data/ that is installed for a document, not the meta-schema.
 std::vector<std::string> installedSchemas() {
@@ -127,6 +129,45 @@ TEST(SchemaAnnotations, ExamplesAndDefaultsAreValuesTheSchemaAccepts) {
     }
   }
   EXPECT_GT(checked, 50u);
+}
+
+// Validates `text` against the metadata schema: empty when it passes, else where it fails.
+std::string metadataVerdict(std::string const& text) {
+  Frame::Document doc;
+  std::istringstream in(text);
+  Frame::parse(in, "m.json", doc);
+  Frame::SchemaViolation violation;
+  if (Frame::validate(doc, *Frame::loadSchema(kMetadataSchema), &violation)) return std::string();
+  return violation.schemaPointer + " " + violation.keyword + " " + violation.documentPointer;
+}
+
+TEST(SchemaAnnotations, MetadataSchemaAcceptsWhatTheLibraryWritesAndReads) {
+  Tarvo::Frameworks::KPEPrjMetaDataModel model;
+  model.addBooleanProperty("b", true);
+  model.addDoubleProperty("d", 2.0);
+  model.addIntegrProperty("i", -7);
+  model.addStringArrayProperty("list", {"x", "y"});
+  model.addStringProperty("s", "text");
+  model.addULongProperty("u", 18446744073709551615ull);
+  model.setKPEPLIntfID(0xFFFFFFFFu);
+  std::ostringstream written;
+  model.writeToJSONStream(written);
+  EXPECT_EQ(metadataVerdict(written.str()), "");
+  Tarvo::Frameworks::KPEPrjMetaDataModel empty;
+  std::ostringstream none;
+  empty.writeToJSONStream(none);
+  EXPECT_EQ(metadataVerdict(none.str()), "");
+  EXPECT_EQ(metadataVerdict(tarvo_test::readFile(kSourceDir + "/examples/project_meta.json")), "");
+  // The reader skips what it cannot hold and ignores other keys; the schema lets that through.
+  EXPECT_EQ(metadataVerdict(R"({"MetaData": [{"name": "a"}, {"name": "b", "value": null},
+                                              {"name": "c", "value": {"x": 1}}], "Comment": "kept"})"),
+            "");
+  EXPECT_EQ(metadataVerdict("{}"), "");
+  // What is no metadata document at all.
+  EXPECT_EQ(metadataVerdict("[]"), "# type #");
+  EXPECT_EQ(metadataVerdict(R"({"MetaData": {"name": "a", "value": 1}})"), "#/properties/MetaData type #/MetaData");
+  EXPECT_EQ(metadataVerdict(R"({"MetaData": [{"name": 3, "value": 1}]})"),
+            "#/definitions/property/properties/name type #/MetaData/0/name");
 }
 
 }  // namespace
