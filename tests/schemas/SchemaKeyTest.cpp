@@ -27,11 +27,17 @@ std::string withFirstMember(std::string const& document, std::string const& memb
   return document.substr(0, brace + 1) + "\n  " + member + "," + document.substr(brace + 1);
 }
 
-std::string refusal(HEXAll const& error) {
-  std::string text = error.getMessage().getId();
-  for (std::string const& arg : error.getMessage().getArgs())
-    text += "|" + arg;
-  return text;
+// The message id and arguments with which `rewritten` refuses `text`, or "accepted".
+std::string refusal(std::string (*rewritten)(std::string const&), std::string const& text) {
+  try {
+    rewritten(text);
+  } catch (HEXAll const& error) {
+    std::string refused = error.getMessage().getId();
+    for (std::string const& arg : error.getMessage().getArgs())
+      refused += "|" + arg;
+    return refused;
+  }
+  return "accepted";
 }
 
 // The traffic specification read from `text` and written again.
@@ -61,36 +67,32 @@ std::string constraintsRewritten(std::string const& text) {
   return out.str();
 }
 
-TEST(SchemaKey, TrafficDocumentReadsAndWritesAsWithoutIt) {
-  tarvo_test::MessageCapture const quiet;
-  std::string const plain = tarvo_test::readFile(kSourceDir + "/examples/noc_traffic.json");
-  std::string const expected = trafficRewritten(plain);
-  ASSERT_NE(expected.find("\"LogicalInstances\""), std::string::npos);
-  EXPECT_EQ(
-      trafficRewritten(withFirstMember(plain, "\"$schema\": \"../data/parts/zorvex/common/noc/schemas/traffic.json\"")),
-      expected);
-  EXPECT_EQ(expected.find("$schema"), std::string::npos);
-  try {
-    trafficRewritten(withFirstMember(plain, "\"$schema\": 4"));
-    ADD_FAILURE() << "a number as $schema was accepted";
-  } catch (HEXAll const& error) {
-    EXPECT_EQ(refusal(error), "8-101|t.json|#/%24schema");
-  }
-}
+struct KeyCase {
+  char const* sample;
+  std::string (*rewritten)(std::string const&);
+  char const* section;    // a key the written document has
+  char const* schemaKey;  // a "$schema" member an editor would read
+  char const* badKey;     // a "$schema" member that is no string
+  char const* refusal;
+};
 
-TEST(SchemaKey, ConstraintDocumentReadsAndWritesAsWithoutIt) {
+TEST(SchemaKey, DocumentReadsAndWritesAsWithoutItAndMustBeAString) {
   tarvo_test::MessageCapture const quiet;
-  std::string const plain = tarvo_test::readFile(kSourceDir + "/examples/constraints.json");
-  std::string const expected = constraintsRewritten(plain);
-  ASSERT_NE(expected.find("\"NodeConstraints\""), std::string::npos);
-  EXPECT_EQ(
-      constraintsRewritten(withFirstMember(plain, "\"$schema\": \"file:///opt/tarvo/kpetools_constr_schema.json\"")),
-      expected);
-  try {
-    constraintsRewritten(withFirstMember(plain, "\"$schema\": {}"));
-    ADD_FAILURE() << "an object as $schema was accepted";
-  } catch (HEXAll const& error) {
-    EXPECT_EQ(refusal(error), "75-571|c.json|#/properties/%24schema|type|#/%24schema");
+  KeyCase const cases[] = {
+      {"examples/noc_traffic.json", trafficRewritten, "\"LogicalInstances\"",
+       "\"$schema\": \"../data/parts/zorvex/common/noc/schemas/traffic.json\"", "\"$schema\": 4",
+       "8-101|t.json|#/%24schema"},
+      {"examples/constraints.json", constraintsRewritten, "\"NodeConstraints\"",
+       "\"$schema\": \"file:///opt/tarvo/kpetools_constr_schema.json\"", "\"$schema\": {}",
+       "75-571|c.json|#/properties/%24schema|type|#/%24schema"},
+  };
+  for (KeyCase const& each : cases) {
+    std::string const plain = tarvo_test::readFile(kSourceDir + "/" + each.sample);
+    std::string const expected = each.rewritten(plain);
+    EXPECT_NE(expected.find(each.section), std::string::npos) << each.sample;
+    EXPECT_EQ(expected.find("$schema"), std::string::npos) << each.sample;
+    EXPECT_EQ(each.rewritten(withFirstMember(plain, each.schemaKey)), expected) << each.sample;
+    EXPECT_EQ(refusal(each.rewritten, withFirstMember(plain, each.badKey)), each.refusal);
   }
 }
 
