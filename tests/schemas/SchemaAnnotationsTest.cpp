@@ -3,6 +3,9 @@
 #include <boost/filesystem.hpp>
 
 #include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <cstring>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -80,12 +83,23 @@ std::vector<SubSchema> subSchemas(Frame::Value const& root) {
   return all;
 }
 
+// A JSON pointer as a URI fragment, as "$ref" takes it: "$schema" becomes "%24schema".
+std::string uriFragment(std::string const& pointer) {
+  std::string fragment = "#";
+  for (unsigned char c : pointer) {
+    char hex[4];
+    std::snprintf(hex, sizeof hex, "%%%02X", c);
+    fragment += std::isalnum(c) || std::strchr("/~-._", c) != nullptr ? std::string(1, static_cast<char>(c)) : hex;
+  }
+  return fragment;
+}
+
 // Whether `value` passes the sub-schema at `pointer` of the schema document `root`.
 bool passes(Frame::Value const& root, std::string const& pointer, Frame::Value const& value, std::string& where) {
   Frame::Document schema;
   schema.CopyFrom(root, schema.GetAllocator());
   schema.RemoveMember("$ref");
-  schema.AddMember("$ref", Frame::Value(("#" + pointer).c_str(), schema.GetAllocator()), schema.GetAllocator());
+  schema.AddMember("$ref", Frame::Value(uriFragment(pointer).c_str(), schema.GetAllocator()), schema.GetAllocator());
   rapidjson::SchemaDocument const compiled(schema);
   Frame::SchemaViolation violation;
   if (Frame::validate(value, compiled, &violation)) return true;
