@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <thread>
 
@@ -106,6 +107,17 @@ TEST(Process, SigintDuringTheWriteRemovesTheTemporaryFileAndLeavesTheOutput) {
   EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
   EXPECT_EQ(temporaryFiles(dir), std::vector<std::string>());
   EXPECT_EQ(readFile(out), "previous");
+}
+
+TEST(Process, DevStdoutIsTheStandardOutputItselfAndNeverReplacesAFile) {
+  TempDir dir;
+  std::string const meta = std::string(TARVO_SOURCE_DIR) + "/examples/project_meta.json";
+  std::string const log = dir.file("log.txt");
+  writeFile(log, "earlier lines\n");
+  std::string const command = "'" TARVO_DOCS_EXE "' convert '" + meta + "' -o /dev/stdout >>'" + log + "'";
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  EXPECT_EQ(readFile(log), "earlier lines\n" + readFile(meta));
+  EXPECT_EQ(temporaryFiles(dir), std::vector<std::string>());
 }
 
 TEST(Process, AnOutputTheUserMayNotWriteIsRefusedAndLeftAsItWas) {

@@ -157,7 +157,9 @@ OutputFile::OutputFile(std::string target, std::ostream& standardOutput)
     : m_target(std::move(target)), m_standardOutput(standardOutput) {
   m_stream.push(ByteCounter(m_bytes));
   if (endsWith(m_target, ".gz")) m_stream.push(boost::iostreams::gzip_compressor());
-  if (m_target == "-") {
+  // /dev/stdout names our own standard output: written as "-" is, it keeps what the caller
+  // made of it (a pipe, or a file opened for appending) instead of replacing a file.
+  if (m_target == "-" || m_target == "/dev/stdout") {
     m_mode = Mode::StandardOutput;
     m_stream.push(boost::iostreams::back_inserter(m_buffer));
     return;
