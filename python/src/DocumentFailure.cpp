@@ -1,20 +1,19 @@
 #include "DocumentFailure.h"
 
 #include "HEXAll.h"
+#include "MessageCapture.h"
 
 void DocumentFailure::guard(std::string const& file, std::function<void()> const& work) {
   try {
     work();
   } catch (HEXAll const& error) {
     ComMsgMgrInstance const& message = error.getMessage();
-    DocumentFailure failure(error.what(), file);
+    MessagePlace const place(message);
+    DocumentFailure failure(error.what(), place.file.empty() ? file : place.file);
     failure.id = message.getId();
     failure.text = message.getText();
-    for (auto const& meta : message.getMetaTypes()) {
-      if (meta.type == ComMsgMgr::META_FILE) failure.file = meta.value;
-      if (meta.type == ComMsgMgr::META_LINE) failure.line = std::stoi(meta.value);
-      if (meta.type == ComMsgMgr::META_COLUMN) failure.column = std::stoi(meta.value);
-    }
+    failure.line = place.line;
+    failure.column = place.column;
     throw failure;
   } catch (DocumentFailure const&) {
     throw;

@@ -1,3 +1,5 @@
+#include <pybind11/stl.h>
+
 #include "Bindings.h"
 #include "DocumentFailure.h"
 #include "MessageCapture.h"
@@ -11,8 +13,14 @@ void bindErrors(py::module_& module) {
       .def_readonly("severity", &CapturedMessage::severity)
       .def_readonly("id", &CapturedMessage::id)
       .def_readonly("text", &CapturedMessage::text)
-      .def("__str__", [](CapturedMessage const& message) { return message.line; })
-      .def("__repr__", [](CapturedMessage const& message) { return "<tarvo.Message " + message.line + ">"; });
+      .def_property_readonly("file",
+                             [](CapturedMessage const& m) {
+                               return m.place.file.empty() ? py::object(py::none()) : py::str(m.place.file);
+                             })
+      .def_property_readonly("line", [](CapturedMessage const& m) { return m.place.line; })
+      .def_property_readonly("column", [](CapturedMessage const& m) { return m.place.column; })
+      .def("__str__", [](CapturedMessage const& message) { return message.printed; })
+      .def("__repr__", [](CapturedMessage const& message) { return "<tarvo.Message " + message.printed + ">"; });
 
   // DocumentError is a plain Python class so that scripts can raise and subclass it; it is
   // looked up when a failure crosses, when the package is certain to be loaded.

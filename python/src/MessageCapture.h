@@ -1,15 +1,29 @@
 #ifndef TARVO_PYTHON_MESSAGECAPTURE_H
 #define TARVO_PYTHON_MESSAGECAPTURE_H
 
+#include <optional>
 #include <string>
 #include <vector>
+
+class ComMsgMgrInstance;
+
+// Where a message places itself in a document: the file, line and column that the reader
+// attached to it, or nothing.
+struct MessagePlace {
+  explicit MessagePlace(ComMsgMgrInstance const& message);
+
+  std::string file;
+  std::optional<int> line;
+  std::optional<int> column;
+};
 
 // One message the library sent while a document was read or written.
 struct CapturedMessage {
   std::string severity;  // "INFO", "WARNING", "CRITICAL WARNING" or "ERROR"
   std::string id;        // such as "75-407"
   std::string text;      // the wording with its arguments
-  std::string line;      // as the default sink prints it
+  std::string printed;   // as the default sink prints it
+  MessagePlace place;
 };
 
 // Collects the library's messages for as long as it lives, in place of the default sink, so

@@ -80,6 +80,7 @@ class Document:
     def __init__(self, loaded):
         self._loaded = loaded
         self._model = None
+        self._messages = loaded.messages
 
     @property
     def kind(self):
@@ -91,7 +92,7 @@ class Document:
 
     @property
     def messages(self):
-        return self._loaded.messages
+        return self._messages
 
     @property
     def model(self):

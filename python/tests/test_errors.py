@@ -30,3 +30,15 @@ def test_wrong_types_name_the_parameter(examples):
         tarvo.loads(None, "traffic")
     with pytest.raises(TypeError, match="loads\\(\\) argument 'kind' must be str, not bytes"):
         tarvo.loads("{}", b"traffic")
+
+
+def test_numbered_messages_reach_warnings_and_the_document():
+    text = '{"NodeConstraints": {"": {"margin": 2}, "a": {"margin": 3}}}'
+    with pytest.warns(tarvo.DocumentWarning) as issued:
+        document = tarvo.loads(text, "constraints", name="c.json")
+    line = ("CRITICAL WARNING: [tarvo 75-407] Constraint file names the node '', which is not in the design; "
+            "its constraints are ignored.")
+    assert [str(w.message) for w in issued] == [line]
+    assert [(m.severity, m.id, str(m)) for m in document.messages] == [("CRITICAL WARNING", "75-407", line)]
+    assert issued[0].message.message is document.messages[0]
+    assert [c.object_name for c in document.model] == ["a"]
