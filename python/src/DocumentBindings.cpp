@@ -1,21 +1,9 @@
 #include <pybind11/stl.h>
 
-#include <istream>
-#include <memory>
-#include <sstream>
+#include <map>
 
-#include "BaseNameResolver.h"
 #include "Bindings.h"
-#include "ConstraintStore.h"
-#include "DocumentFailure.h"
-#include "HDGUIStatus.h"
-#include "KPEPrjMetaDataModel.h"
-#include "NOCJsonTrafficSpecReader.h"
-#include "OwnedRefs.h"
 #include "PyDocument.h"
-#include "TQLogicalArchModel.h"
-#include "TQLogicalArchReader.h"
-#include "TrafficSpec.h"
 
 namespace py = pybind11;
 
@@ -23,69 +11,15 @@ namespace tarvo_python {
 
 namespace {
 
-// A document whose model is one object of the library.
-template <typename Model>
-class ModelDocument : public PyDocument {
- public:
-  using PyDocument::PyDocument;
-  Model model_;
+using tarvo_docs::DocumentSource;
+using tarvo_docs::ToolOptions;
 
-  py::object model(py::object self) override { return owned(&model_, self); }
-};
-
-class ConstraintDocument : public ModelDocument<kpe::constraints::ConstrHandler> {
- public:
-  using ModelDocument::ModelDocument;
-  py::object model(py::object self) override {
-    return py::cast(std::make_shared<ConstraintStore>(model_, std::move(self)));
-  }
-};
-
-// Reads `in` (named `name` in messages), or the file `name` where `in` is null, as a document of
-// `kind`.
-std::unique_ptr<PyDocument> readKind(std::string const& kind, std::istream* in, std::string const& name) {
-  HDGUIStatus status;
-  if (kind == "traffic") {
-    auto document = std::make_unique<ModelDocument<HrdIPToolCntr::TrafficSpec>>(kind, name);
-    if (in)
-      NOC::NOCJsonTrafficSpecReader::readFromJsonFile(*in, name, document->model_, status);
-    else
-      NOC::NOCJsonTrafficSpecReader::readFromJsonFile(name, document->model_, status);
-    return document;
-  }
-  if (kind == "metadata") {
-    auto document = std::make_unique<ModelDocument<Tarvo::Frameworks::KPEPrjMetaDataModel>>(kind, name);
-    if (in)
-      document->model_.readFromJSONStream(name, *in);
-    else
-      document->model_.readFromJSONFile(name);
-    return document;
-  }
-  if (kind == "constraints") {
-    auto document = std::make_unique<ConstraintDocument>(kind, name);
-    if (in)
-      document->model_.read(*in, name, kpe::constraints::BaseNameResolver());
-    else
-      document->model_.read(name);
-    return document;
-  }
-  if (kind == "logical-arch") {
-    auto document = std::make_unique<ModelDocument<Tarvo::Frameworks::TQLogicalArchModel>>(kind, name);
-    if (in)
-      TQLogicalArchReader::readFromJsonFile(*in, name, document->model_);
-    else
-      TQLogicalArchReader::readFromJsonFile(name, document->model_);
-    return document;
-  }
-  throw py::value_error("unknown document kind '" + kind + "'");
-}
-
-std::unique_ptr<PyDocument> readGuarded(std::string const& kind, std::istream* in, std::string const& name) {
-  MessageCapture capture;
-  std::unique_ptr<PyDocument> document;
-  DocumentFailure::guard(name, [&] { document = readKind(kind, in, name); });
-  document->messages() = capture.messages();
-  return document;
+// `--traffic`, `--arch`, `--device`, `--prefix` and their values, as tarvo-docs takes them.
+ToolOptions toolOptions(std::map<std::string, std::string> const& given) {
+  ToolOptions options;
+  for (auto const& option : given)
+    options.add(option.first, option.second);
+  return options;
 }
 
 }  // namespace
@@ -93,20 +27,28 @@ std::unique_ptr<PyDocument> readGuarded(std::string const& kind, std::istream* i
 void bindDocuments(py::module_& module) {
   py::class_<PyDocument>(module, "_Document")
       .def_property_readonly("kind", &PyDocument::kind)
-      .def_property_readonly("file", &PyDocument::file)
-      .def_property_readonly("messages", [](PyDocument& document) { return document.messages(); })
-      .def("model", [](py::object self) { return self.cast<PyDocument&>().model(self); });
+      .def_property_readonly("name", &PyDocument::name)
+      .def_property_readonly("messages", &PyDocument::messages)
+      .def("model", [](py::object self) { return self.cast<PyDocument&>().model(self); })
+      .def("traffic", [](py::object self) { return self.cast<PyDocument&>().traffic(self); })
+      .def("arch", [](py::object self) { return self.cast<PyDocument&>().arch(self); })
+      .def("dumps", &PyDocument::dumps)
+      .def("write", &PyDocument::write, py::arg("path"));
 
   module.def(
-      "read_text",
-      [](std::string const& text, std::string const& kind, std::string const& name) {
-        std::istringstream in(text);
-        return readGuarded(kind, &in, name);
+      "read_file",
+      [](std::string const& path, std::string const& kind, std::map<std::string, std::string> const& options) {
+        return PyDocument::read(DocumentSource::file(path), kind, toolOptions(options));
       },
-      py::arg("text"), py::arg("kind"), py::arg("name"));
+      py::arg("path"), py::arg("kind"), py::arg("options"));
   module.def(
-      "read_file", [](std::string const& path, std::string const& kind) { return readGuarded(kind, nullptr, path); },
-      py::arg("path"), py::arg("kind"));
+      "read_text",
+      [](std::string const& text, std::string const& name, std::string const& kind,
+         std::map<std::string, std::string> const& options) {
+        return PyDocument::read(DocumentSource::text(name, text), kind, toolOptions(options));
+      },
+      py::arg("text"), py::arg("name"), py::arg("kind"), py::arg("options"));
+  module.def("new_document", &PyDocument::empty, py::arg("kind"));
 }
 
 }  // namespace tarvo_python

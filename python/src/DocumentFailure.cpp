@@ -1,20 +1,12 @@
 #include "DocumentFailure.h"
 
 #include "HEXAll.h"
-#include "MessageCapture.h"
 
 void DocumentFailure::guard(std::string const& file, std::function<void()> const& work) {
   try {
     work();
   } catch (HEXAll const& error) {
-    ComMsgMgrInstance const& message = error.getMessage();
-    MessagePlace const place(message);
-    DocumentFailure failure(error.what(), place.file.empty() ? file : place.file);
-    failure.id = message.getId();
-    failure.text = message.getText();
-    failure.line = place.line;
-    failure.column = place.column;
-    throw failure;
+    throw DocumentFailure(CapturedMessage::of(error.getMessage()), file);
   } catch (DocumentFailure const&) {
     throw;
   } catch (std::bad_alloc const&) {
@@ -26,4 +18,20 @@ void DocumentFailure::guard(std::string const& file, std::function<void()> const
     failure.text = error.what();
     throw failure;
   }
+}
+
+DocumentFailure::DocumentFailure(CapturedMessage const& message, std::string const& file)
+    : std::runtime_error(message.printed),
+      file(message.place.file.empty() ? file : message.place.file),
+      line(message.place.line),
+      column(message.place.column),
+      id(message.id),
+      text(message.text) {}
+
+DocumentFailure DocumentFailure::refused(std::vector<CapturedMessage> const& messages, std::string const& file) {
+  for (auto message = messages.rbegin(); message != messages.rend(); ++message)
+    if (message->severity == "ERROR" || message->severity == "CRITICAL WARNING") return DocumentFailure(*message, file);
+  DocumentFailure failure("the writer refused to write '" + file + "'", file);
+  failure.text = failure.what();
+  return failure;
 }

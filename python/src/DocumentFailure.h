@@ -5,12 +5,21 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
+
+#include "MessageCapture.h"
 
 // A read or write that failed, with what is known of the place. The extension turns it into
 // tarvo.DocumentError.
 class DocumentFailure : public std::runtime_error {
  public:
   DocumentFailure(std::string const& message, std::string const& file) : std::runtime_error(message), file(file) {}
+  // An error message the library sent without throwing.
+  DocumentFailure(CapturedMessage const& message, std::string const& file);
+
+  // A writer that refused after its own messages: the last of them that is an error or a
+  // critical warning, or a plain refusal.
+  static DocumentFailure refused(std::vector<CapturedMessage> const& messages, std::string const& file);
 
   // Runs `work`, turning the library's exceptions into a DocumentFailure naming `file`.
   static void guard(std::string const& file, std::function<void()> const& work);

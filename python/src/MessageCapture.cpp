@@ -13,11 +13,14 @@ MessagePlace::MessagePlace(ComMsgMgrInstance const& message) {
   }
 }
 
+CapturedMessage CapturedMessage::of(ComMsgMgrInstance const& message) {
+  return {ComMsgMgr::severityText(message.getMask()), message.getId(), message.getText(), message.getLine(),
+          MessagePlace(message)};
+}
+
 MessageCapture::MessageCapture() {
-  m_sink = ComMsgMgr::addSink([this](ComMsgMgrInstance const& message) {
-    m_messages.push_back({ComMsgMgr::severityText(message.getMask()), message.getId(), message.getText(),
-                          message.getLine(), MessagePlace(message)});
-  });
+  m_sink = ComMsgMgr::addSink(
+      [this](ComMsgMgrInstance const& message) { m_messages.push_back(CapturedMessage::of(message)); });
   ComMsgMgr::setDefaultSinkEnabled(false);
 }
 

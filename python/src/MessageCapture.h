@@ -19,6 +19,8 @@ struct MessagePlace {
 
 // One message the library sent while a document was read or written.
 struct CapturedMessage {
+  static CapturedMessage of(ComMsgMgrInstance const& message);
+
   std::string severity;  // "INFO", "WARNING", "CRITICAL WARNING" or "ERROR"
   std::string id;        // such as "75-407"
   std::string text;      // the wording with its arguments

@@ -227,6 +227,18 @@ void bindPath(py::module_& module) {
       });
 }
 
+// An instance of another specification, or none, would leave this one pointing at memory it
+// does not own.
+void requireOwnInstance(TrafficSpec const& spec, TrafficLInst const* instance, char const* function,
+                        char const* parameter) {
+  if (instance == nullptr)
+    throw py::type_error(std::string(function) + "(): " + parameter + " must be a TrafficInstance, not None");
+  auto const& own = spec.getAllLogicalInstance();
+  if (instance->getId() >= own.size() || own[instance->getId()] != instance)
+    throw py::value_error(std::string(function) + "(): " + instance->getName() +
+                          " is not an instance of this specification");
+}
+
 void bindSpec(py::module_& module) {
   py::class_<TrafficSpec>(module, "TrafficSpec", "A NoC traffic specification")
       .def(py::init<>())
@@ -262,18 +274,19 @@ void bindSpec(py::module_& module) {
       .def(
           "add_path",
           [](py::object self, TrafficLInst* source, TrafficLInst* destination) {
-            if (source == nullptr) throw py::type_error("add_path(): source must be a TrafficInstance, not None");
-            if (destination == nullptr)
-              throw py::type_error("add_path(): destination must be a TrafficInstance, not None");
             auto& spec = self.cast<TrafficSpec&>();
-            // An instance of another specification would leave this one pointing into it.
-            auto const& own = spec.getAllLogicalInstance();
-            for (TrafficLInst* end : {source, destination})
-              if (end->getId() >= own.size() || own[end->getId()] != end)
-                throw py::value_error("add_path(): " + end->getName() + " is not an instance of this specification");
+            requireOwnInstance(spec, source, "add_path", "source");
+            requireOwnInstance(spec, destination, "add_path", "destination");
             return owned(spec.addPath(source, destination), self);
           },
           py::arg("source"), py::arg("destination"))
+      .def(
+          "add_port_type",
+          [](TrafficSpec& spec, TrafficLInst* instance, Defs::PORT_TYPE port) {
+            requireOwnInstance(spec, instance, "add_port_type", "instance");
+            spec.addPortTypeForMC(instance, port);
+          },
+          py::arg("instance"), py::arg("port"), "Records a port of a memory controller")
       .def_property(
           "frequency", &TrafficSpec::getFrequency,
           [](TrafficSpec& spec, int frequency) { spec.setFrequency(frequency, true); },

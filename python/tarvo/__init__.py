@@ -58,23 +58,36 @@ from ._tarvo import (  # noqa: F401  (the package's public names)
 _abc.MutableMapping.register(Metadata)
 
 
-def _text_argument(value, name, function):
-    """The path or text a script passed, as str; TypeError names the parameter otherwise."""
-    if isinstance(value, _os.PathLike) and name == "path":
+def _text_argument(value, name, function, path=False, optional=False):
+    """The text or path a script passed, as str; TypeError names the parameter otherwise."""
+    if value is None and optional:
+        return None
+    if path and isinstance(value, _os.PathLike):
         value = _os.fspath(value)
     if not isinstance(value, str):
-        raise TypeError(f"{function}() argument '{name}' must be str"
-                        + (" or os.PathLike" if name == "path" else "")
-                        + f", not {type(value).__name__}")
+        expected = "str or os.PathLike" if path else "str"
+        raise TypeError(f"{function}() argument '{name}' must be {expected}"
+                        + (" or None" if optional else "") + f", not {type(value).__name__}")
     return value
 
 
-class Document:
-    """A document read into the library's model.
+def _options(function, traffic, arch, device, prefix):
+    """The options of tarvo-docs that the reader and writer of a kind take."""
+    given = {"--traffic": _text_argument(traffic, "traffic", function, path=True, optional=True),
+             "--arch": _text_argument(arch, "arch", function, path=True, optional=True),
+             "--device": _text_argument(device, "device", function, path=True, optional=True),
+             "--prefix": _text_argument(prefix, "prefix", function, optional=True)}
+    return {option: value for option, value in given.items() if value is not None}
 
-    ``kind`` is the document kind (as ``tarvo-docs --kind`` names it), ``model`` the model,
-    ``messages`` the library's numbered messages sent while it was read (each also issued as
-    a ``tarvo.DocumentWarning``).
+
+class Document:
+    """A document read into the library's model, as ``tarvo-docs`` reads it.
+
+    ``kind`` is the document kind (the names of ``tarvo-docs --kind``), ``model`` the model
+    (None for a NoC document read without its traffic specification), ``messages`` the
+    library's numbered messages sent while it was read, each also issued as a
+    ``tarvo.DocumentWarning``. ``dumps()`` and ``write(path)`` give the bytes that
+    ``tarvo-docs convert`` writes.
     """
 
     def __init__(self, loaded):
@@ -88,7 +101,8 @@ class Document:
 
     @property
     def file(self):
-        return self._loaded.file
+        """The file it was read from, or the name given to its text."""
+        return self._loaded.name
 
     @property
     def messages(self):
@@ -102,6 +116,24 @@ class Document:
             self._model = self._loaded.model()
         return self._model
 
+    @property
+    def traffic(self):
+        """The traffic specification a NoC or compiler solution was read against, or None."""
+        return self._loaded.traffic()
+
+    @property
+    def arch(self):
+        """The logical architecture a compiler solution was read against, or None."""
+        return self._loaded.arch()
+
+    def dumps(self):
+        """The text that ``tarvo-docs convert`` writes for this document."""
+        return self._loaded.dumps()
+
+    def write(self, path):
+        """Writes the document to ``path`` as ``tarvo-docs convert -o path`` does."""
+        self._loaded.write(_text_argument(path, "path", "write", path=True))
+
     def __repr__(self):
         return f"<tarvo.Document {self.kind} {self.file!r}>"
 
@@ -112,16 +144,29 @@ def _issue(document):
     return document
 
 
-def read(path, kind=None):
-    """Reads the document at ``path`` (str or os.PathLike) as a document of ``kind``."""
-    path = _text_argument(path, "path", "read")
-    kind = _text_argument(kind, "kind", "read")
-    return _issue(Document(_tarvo.read_file(path, kind)))
+def read(path, kind=None, traffic=None, arch=None, device=None, prefix=None):
+    """Reads the document at ``path`` (str or os.PathLike).
+
+    ``kind`` is detected from the content unless given; ``traffic``, ``arch``, ``device`` and
+    ``prefix`` are the documents and options that ``tarvo-docs`` takes for NoC and compiler
+    solutions.
+    """
+    path = _text_argument(path, "path", "read", path=True)
+    kind = _text_argument(kind, "kind", "read", optional=True)
+    options = _options("read", traffic, arch, device, prefix)
+    return _issue(Document(_tarvo.read_file(path, kind or "", options)))
 
 
-def loads(text, kind, name="<string>"):
+def loads(text, kind=None, traffic=None, arch=None, device=None, prefix=None, name="<string>"):
     """Reads a document from a string; ``name`` names it in messages."""
     text = _text_argument(text, "text", "loads")
-    kind = _text_argument(kind, "kind", "loads")
+    kind = _text_argument(kind, "kind", "loads", optional=True)
     name = _text_argument(name, "name", "loads")
-    return _issue(Document(_tarvo.read_text(text, kind, name)))
+    options = _options("loads", traffic, arch, device, prefix)
+    return _issue(Document(_tarvo.read_text(text, name, kind or "", options)))
+
+
+def new(kind):
+    """A document of ``kind`` (metadata, constraints, logical-arch or traffic) with an empty
+    model, for a script that builds one and writes it."""
+    return Document(_tarvo.new_document(_text_argument(kind, "kind", "new")))

@@ -28,8 +28,14 @@ def test_wrong_types_name_the_parameter(examples):
         tarvo.read(5, kind="traffic")
     with pytest.raises(TypeError, match="loads\\(\\) argument 'text' must be str, not NoneType"):
         tarvo.loads(None, "traffic")
-    with pytest.raises(TypeError, match="loads\\(\\) argument 'kind' must be str, not bytes"):
+    with pytest.raises(TypeError, match="loads\\(\\) argument 'kind' must be str or None, not bytes"):
         tarvo.loads("{}", b"traffic")
+    with pytest.raises(TypeError, match="read\\(\\) argument 'traffic' must be str or os.PathLike or None, not int"):
+        tarvo.read(examples / "noc_solution.json", traffic=3)
+    with pytest.raises(TypeError, match="write\\(\\) argument 'path' must be str or os.PathLike, not NoneType"):
+        tarvo.read(examples / "project_meta.json").write(None)
+    with pytest.raises(ValueError, match="unknown document kind 'trafic'"):
+        tarvo.read(examples / "noc_traffic.json", kind="trafic")
 
 
 def test_numbered_messages_reach_warnings_and_the_document():
