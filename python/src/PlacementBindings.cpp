@@ -47,7 +47,11 @@ void bindDevice(py::module_& module) {
       .def_property_readonly("destination",
                              [](py::object self) { return owned(self.cast<Link&>().getDstComponent(), self); })
       .def_property_readonly("destination_port", &Link::getDstPortName)
-      .def_property_readonly("latency", &Link::getLatency);
+      .def_property_readonly("latency", &Link::getLatency)
+      .def("__repr__", [](Link const& link) {
+        return "<tarvo.Link " + link.getSrcComponent()->getName() + "." + link.getSrcPortName() + " -> " +
+               link.getDstComponent()->getName() + "." + link.getDstPortName() + ">";
+      });
   py::class_<GRMBel>(module, "Site", "A site of the device's KPE shim row")
       .def_property_readonly("name", &GRMBel::getHierarchicalName1)
       .def_property_readonly("column", &GRMBel::getDeviceColumn)
@@ -69,7 +73,9 @@ void bindSolution(py::module_& module) {
       .def_property_readonly("links", [](py::object self) { return ownedList(self.cast<Route&>().getLinks(), self); })
       .def_property_readonly("vc", &Route::getVC)
       .def_property_readonly("achieved_bandwidth", &Route::getAchievedBW)
-      .def_property_readonly("locked", &Route::isLocked);
+      .def_property_readonly("locked", &Route::isLocked)
+      .def("__repr__",
+           [](Route const& route) { return "<tarvo.Route " + std::to_string(route.getLinks().size()) + " links>"; });
   py::class_<CompRes>(module, "NocSolution", "What the NoC compiler made of a traffic specification")
       .def_property(
           "state", [](CompRes const& result) { return static_cast<CompRes::SolutionState>(result.getSolutionState()); },
@@ -115,7 +121,10 @@ void bindSolution(py::module_& module) {
             return py::int_(result.getDestIdForComponent(component).getValue());
           },
           py::arg("component"), "The destination id of a component, or None")
-      .def_property_readonly("locked_dest_ids_for_all", &CompRes::hasLockedDestIdsForAllComps);
+      .def_property_readonly("locked_dest_ids_for_all", &CompRes::hasLockedDestIdsForAllComps)
+      .def("__repr__", [](CompRes const& result) {
+        return "<tarvo.NocSolution " + std::to_string(result.getRoutes().size()) + " routed nets>";
+      });
 }
 
 void bindNocPlacement(py::module_& module) {
@@ -143,7 +152,18 @@ void bindNocPlacement(py::module_& module) {
             if (!constraints.getDestIdConst(instance, id)) return py::none();
             return py::int_(id.getValue());
           },
-          py::arg("instance"), "The destination id an instance must have, or None");
+          py::arg("instance"), "The destination id an instance must have, or None")
+      .def("__repr__", [](Constraints const& constraints) {
+        std::vector<TrafficLInst const*> instances;
+        constraints.getAllConstrainedInstances(instances);
+        return "<tarvo.NocPlacement " + std::to_string(instances.size()) + " placed instances>";
+      });
+}
+
+std::size_t placedCount(KPEShimInterfaceSolution const& solution) {
+  std::vector<TrafficLInst const*> instances;
+  solution.getAllPlacedInstances(instances);
+  return instances.size();
 }
 
 void bindShimSolution(py::module_& module) {
@@ -179,10 +199,9 @@ void bindShimSolution(py::module_& module) {
             return owned(self.cast<KPEShimInterfaceSolution&>().getLogicalForPhysical(site), self);
           },
           py::arg("site"))
-      .def("__len__", [](KPEShimInterfaceSolution const& solution) {
-        std::vector<TrafficLInst const*> instances;
-        solution.getAllPlacedInstances(instances);
-        return instances.size();
+      .def("__len__", &placedCount)
+      .def("__repr__", [](KPEShimInterfaceSolution const& solution) {
+        return "<tarvo.ShimSolution " + std::to_string(placedCount(solution)) + " placed channels>";
       });
 }
 
