@@ -4,7 +4,7 @@ the same schema, on the large traffic specification and logical architecture tha
 benchmarks generate (bench/traffic_bench.cpp, bench/logarch_bench.cpp), built here through the
 package's own models and written by the library's writers.
 
-    PYTHONPATH=build/default/python /usr/bin/python3 python/bench_read.py [--runs N] [--no-jsonschema]
+    PYTHONPATH=build/default/python /usr/bin/python3 python/bench/bench_read.py [--runs N] [--no-jsonschema]
 """
 
 import argparse
@@ -16,7 +16,7 @@ import time
 
 import tarvo
 
-SOURCE = pathlib.Path(__file__).resolve().parents[1]
+SOURCE = pathlib.Path(__file__).resolve().parents[2]
 SCHEMAS = {
     "traffic": SOURCE / "data/parts/zorvex/common/noc/schemas/traffic.json",
     "logical-arch": SOURCE / "data/parts/zorvex/common/tellura/LogicalArchSchema.json",
