@@ -35,6 +35,8 @@ def poke(target):
 def children(model):
     """The objects a script reaches from a model, one level down."""
     found = []
+    if model is None:
+        return found
     for name in ("instances", "paths", "connections"):
         found += list(getattr(model, name, []))
     for item in list(found):
@@ -43,12 +45,18 @@ def children(model):
     return found
 
 
-def test_every_model_survives_wrong_and_odd_use(examples):
-    for file, kind in [("noc_traffic.json", "traffic"), ("logical_arch.json", "logical-arch"),
-                       ("project_meta.json", "metadata"), ("constraints.json", "constraints")]:
-        document = tarvo.read(examples / file, kind=kind)
+def test_every_model_survives_wrong_and_odd_use(examples, tmp_path, monkeypatch):
+    # Document.write("x") and the like land here.
+    monkeypatch.chdir(tmp_path)
+    for file, inputs in [("noc_traffic.json", {}), ("logical_arch.json", {}), ("project_meta.json", {}),
+                         ("constraints.json", {}), ("noc_solution.json", {"traffic": "noc_traffic.json"}),
+                         ("noc_constraints.json", {"traffic": "noc_traffic.json"}),
+                         ("compiler_solution.json", {"arch": "logical_arch.json", "traffic": "kpe_array_traffic.json"})]:
+        document = tarvo.read(examples / file, **{option: examples / name for option, name in inputs.items()})
         model = document.model
-        held = children(model) + (list(model) if kind == "constraints" else [])
+        held = children(model) + children(document.traffic) + children(document.arch)
+        held += list(model) if document.kind == "constraints" else []
+        held += [item for entry in getattr(model, "routes", []) + getattr(model, "placements", []) for item in entry]
         for target in [document, model] + held:
             poke(target)
         del document, model
