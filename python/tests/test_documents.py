@@ -160,3 +160,20 @@ def test_solutions_walk_to_their_traffic_and_device(examples):
     assert (unbound.kind, unbound.model, unbound.traffic) == ("noc-solution", None, None)
     with pytest.raises(tarvo.DocumentError, match="converted through their model; give --traffic FILE"):
         unbound.dumps()
+
+
+def test_write_goes_through_the_programs_output_path(examples, tmp_path):
+    import gzip
+
+    document = tarvo.read(examples / "noc_traffic.json.gz")
+    document.write(tmp_path / "out.json.gz")
+    assert gzip.decompress((tmp_path / "out.json.gz").read_bytes()).decode() == document.dumps()
+    # A write that fails leaves the target as it was.
+    target = tmp_path / "kept.json"
+    target.write_text("before")
+    with pytest.raises(tarvo.DocumentError):
+        tarvo.read(examples / "noc_solution.json").write(target)
+    with pytest.raises(tarvo.DocumentError):
+        document.write(tmp_path / "no" / "such" / "directory.json")
+    assert target.read_text() == "before"
+    assert sorted(p.name for p in tmp_path.iterdir()) == ["kept.json", "out.json.gz"]
