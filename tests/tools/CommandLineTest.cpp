@@ -165,4 +165,15 @@ TEST(CommandLine, QuietLeavesOnlyErrors) {
   EXPECT_EQ(quiet.err.find("WARNING"), std::string::npos);
 }
 
+TEST(CommandLine, TheProgressBarIsDrawnOnlyWhenAskedForOrOnATerminal) {
+  std::string const traffic = kExamples + "noc_traffic.json";
+  ToolRun const plain = runInProcess({"check", traffic});
+  EXPECT_EQ(plain.err, "");
+  ToolRun const drawn = runInProcess({"check", "--progress", traffic});
+  std::string const last = "\r[" + std::string(30, '#') + "] 100% Reading Traffic File " + traffic + "\n";
+  ASSERT_GE(drawn.err.size(), last.size());
+  EXPECT_EQ(drawn.err.substr(drawn.err.size() - last.size()), last);
+  EXPECT_EQ(runInProcess({"check", "--progress", "--quiet", traffic}).err, "");
+}
+
 }  // namespace
