@@ -179,16 +179,10 @@ bool writeShimConstraints(CommandRun& run, ReadOutcome& outcome) {
   ExchangeDesign const& design = loaded.design;
   std::string const instance = run.options().get(kInstanceOption);
   std::string const target = run.options().get("-o", "-");
-  std::optional<std::uintmax_t> written;
-  try {
-    written = run.writeOutput(target, [&](std::ostream& out, HDGUIStatus& status) {
-      return TQCompilerShimConstraintsWriterJSON::writeToJsonFile(out, design.model, design.traffic, loaded.solution,
-                                                                  *design.part, instance, status);
-    });
-  } catch (std::exception const&) {
-    reportError(std::current_exception(), run.err());
-    return false;
-  }
+  std::optional<std::uintmax_t> const written = run.writeOutput(target, [&](std::ostream& out, HDGUIStatus& status) {
+    return TQCompilerShimConstraintsWriterJSON::writeToJsonFile(out, design.model, design.traffic, loaded.solution,
+                                                                *design.part, instance, status);
+  });
   if (!written) return false;
   // The writer writes nothing for an instance with no placed channel 0; that is an answer,
   // not a failure, and an existing OUT is left as it was.
