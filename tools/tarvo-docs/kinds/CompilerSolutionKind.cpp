@@ -13,6 +13,7 @@
 #include "KPEPrjStrEncoder.h"
 #include "Kinds.h"
 #include "LoadedDocuments.h"
+#include "NOCJsonReadWriteUtils.h"
 #include "NOCJsonTrafficSpecReader.h"
 #include "TQCompilerShimConstraintsWriterJSON.h"
 #include "TQCompilerSolutionReaderJSON.h"
@@ -62,6 +63,8 @@ class CompilerSolutionKind : public DocumentKind {
   bool recognises(TopLevelKeys const& keys) const override {
     return keys.keys.size() == 1 && keys.keys.front() == "Placement" && keys.placementNamesObjects;
   }
+
+  std::string schemaFile() const override { return NOCJsonReadWriteUtils::getTQSolutionJsonSchemaFile(); }
 
   std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const& options,
                                        HDGUIStatus& status) const override {

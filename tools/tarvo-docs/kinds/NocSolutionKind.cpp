@@ -92,6 +92,8 @@ class NocSolutionKind : public DocumentKind {
 
   bool recognises(TopLevelKeys const& keys) const override { return keys.has("SolutionType"); }
 
+  std::string schemaFile() const override { return NOCJsonReadWriteUtils::getSolutionJsonSchemaFile(); }
+
   std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const& options,
                                        HDGUIStatus& status) const override {
     if (!NocKindInputs::given(options))
