@@ -165,6 +165,21 @@ TEST(CommandLine, QuietLeavesOnlyErrors) {
   EXPECT_EQ(quiet.err.find("WARNING"), std::string::npos);
 }
 
+TEST(CommandLine, ANocSolutionKeepsItsSolutionTypeWhereverTheKeyStands) {
+  TempDir dir;
+  std::string const solution = kExamples + "noc_solution.json";
+  std::string text = readFile(solution);
+  std::string const key = "  \"SolutionType\": \"OPTIMAL\",\n";
+  ASSERT_EQ(text.compare(2, key.size(), key), 0);
+  text.erase(2, key.size());
+  text.insert(text.rfind('}'), ", \"SolutionType\": \"OPTIMAL\"\n");
+  writeFile(dir.file("last.json"), text);
+  std::string const traffic = kExamples + "noc_traffic.json";
+  ToolRun const run = runInProcess({"convert", dir.file("last.json"), "--traffic", traffic, "-o", "-"});
+  EXPECT_EQ(run.exitCode, 0) << run.err;
+  EXPECT_EQ(run.out, readFile(solution));
+}
+
 TEST(CommandLine, TheProgressBarIsDrawnOnlyWhenAskedForOrOnATerminal) {
   std::string const traffic = kExamples + "noc_traffic.json";
   ToolRun const plain = runInProcess({"check", traffic});
