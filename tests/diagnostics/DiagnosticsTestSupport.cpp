@@ -59,7 +59,7 @@ std::vector<std::string> diagnoseFile(std::string const& kind, std::string const
   options.schemaFile = Diagnoser::schemaFileOf(kind);
   options.strict = strict;
   options.maxSchemaViolations = maxSchemaViolations;
-  return lines(Diagnoser(path, Diagnoser::readText(path), options).diagnose(report));
+  return lines(Diagnoser(path, options).diagnose(report));
 }
 
 }  // namespace tarvo_test

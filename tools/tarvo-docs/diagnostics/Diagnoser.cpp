@@ -184,10 +184,16 @@ class Diagnoser::Run {
     return {};
   }
 
+  SourceMap const& source() {
+    if (!m_source) m_source.emplace(m_owner.m_text ? *m_owner.m_text : readText(m_owner.m_file));
+    return *m_source;
+  }
+
   rapidjson::Document const* document() {
     if (!m_parsed) {
       m_parsed = true;
-      m_document.Parse(m_owner.m_source.text().c_str(), m_owner.m_source.text().size());
+      std::string const& text = source().text();
+      m_document.Parse(text.c_str(), text.size());
     }
     return m_document.HasParseError() ? nullptr : &m_document;
   }
@@ -249,7 +255,7 @@ class Diagnoser::Run {
     bool const anyPlace =
         std::any_of(m_pending.begin(), m_pending.end(), [](Pending const& p) { return p.anchor != Anchor::None; });
     if (!anyPlace) return;
-    SourceMap const& source = m_owner.m_source;
+    SourceMap const& source = this->source();
     SourceMap::Answers const answers =
         m_queries.empty() && m_names.empty() ? SourceMap::Answers() : source.locate(m_queries, m_names);
     std::vector<std::size_t> offsets(m_diagnostics.size(), SourceMap::npos);
@@ -300,6 +306,7 @@ class Diagnoser::Run {
   std::vector<SourceMap::Query> m_queries;
   std::vector<SourceMap::NameQuery> m_names;
   std::vector<std::pair<std::size_t, std::size_t>> m_textOrdered;  // ranges shown in text order
+  std::optional<SourceMap> m_source;
   bool m_parsed = false;
   bool m_schemaLoaded = false;
   rapidjson::Document m_document;
@@ -307,7 +314,9 @@ class Diagnoser::Run {
 };
 
 Diagnoser::Diagnoser(std::string file, std::string text, Options options)
-    : m_file(std::move(file)), m_source(std::move(text)), m_options(std::move(options)) {}
+    : m_file(std::move(file)), m_text(std::move(text)), m_options(std::move(options)) {}
+
+Diagnoser::Diagnoser(std::string file, Options options) : m_file(std::move(file)), m_options(std::move(options)) {}
 
 std::vector<Diagnostic> Diagnoser::diagnose(LibraryReport const& report) const {
   return Run(*this).diagnose(report);

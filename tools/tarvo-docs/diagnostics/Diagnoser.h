@@ -1,6 +1,7 @@
 #ifndef TARVO_DOCS_DIAGNOSER_H
 #define TARVO_DOCS_DIAGNOSER_H
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,10 @@ class Diagnoser {
     std::size_t maxSchemaViolations = 50;
   };
 
-  // `file` is the name the diagnostics give; `text` the document's text (decompressed).
+  // `file` is the name the diagnostics give and the file read (gzip-aware) for places; the
+  // text is read only when something is to be placed, so a clean read costs nothing more.
+  Diagnoser(std::string file, Options options);
+  // The same, with the document's text at hand (standard input, or text already in memory).
   Diagnoser(std::string file, std::string text, Options options);
 
   std::vector<Diagnostic> diagnose(LibraryReport const& report) const;
@@ -41,7 +45,7 @@ class Diagnoser {
   class Run;
 
   std::string m_file;
-  SourceMap m_source;
+  std::optional<std::string> m_text;
   Options m_options;
 };
 
