@@ -35,7 +35,7 @@ TEST(TarvoDocs, CheckGivesOneClearLineForEachBadFileAndExitsOne) {
                 "': it does not exist, is not a regular file, or cannot be opened. Check the path and its "
                 "permissions.\n");
   EXPECT_EQ(run.out, dir.file("empty.json") + ": FAILED (unknown kind, 1 error)\n" + dir.file("syntax.json") +
-                         ": FAILED (unknown kind, 1 error)\n" + dir.file("deep.json") +
+                         ": FAILED (metadata, 1 error)\n" + dir.file("deep.json") +
                          ": FAILED (unknown kind, 1 error)\n" + missing + ": FAILED (unknown kind, 1 error)\n" + kMeta +
                          ": OK (metadata, 6 properties)\n");
 }
@@ -68,12 +68,12 @@ TEST(TarvoDocs, SummaryAndKindSelection) {
             "  project.trace.bytes (unsigned long) = 8589934592\n");
   tarvo_test::ToolRun const unknownKind = docs("check --kind nonsense '" + kMeta + "'");
   EXPECT_EQ(unknownKind.exitCode, 2);
-  EXPECT_EQ(unknownKind.err, "tarvo-docs: unknown document kind 'nonsense' (see tarvo-docs --help)\n");
+  EXPECT_EQ(unknownKind.err, "tarvo-docs: unknown document kind 'nonsense' (see tarvo-docs check --help)\n");
   EXPECT_EQ(docs("frobnicate x").exitCode, 2);
   EXPECT_EQ(docs("check").exitCode, 2);
   tarvo_test::ToolRun const help = docs("--help");
   EXPECT_EQ(help.exitCode, 0);
-  EXPECT_NE(help.out.find("convert FILE -o OUT"), std::string::npos);
+  EXPECT_NE(help.out.find("convert [options] FILE -o OUT"), std::string::npos);
   EXPECT_EQ(docs("--version").out.compare(0, 11, "tarvo-docs "), 0);
 }
 
