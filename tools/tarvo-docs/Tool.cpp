@@ -149,6 +149,7 @@ int runCommand(Command const& command, std::vector<std::string> const& args, Too
     ReadOutcome outcome = run.read(input, kind);
     allPassed = command.onDocument(run, outcome) && allPassed;
   }
+  run.finish();
   return allPassed ? kExitSuccess : kExitFailed;
 }
 
