@@ -100,7 +100,9 @@ TEST(Diagnoser, StrictFindsTyposDuplicatesBadBytesAndLossyValues) {
 
   std::string const lossy = doc("traffic_lossy.json");
   EXPECT_EQ(diagnoseFile("traffic", lossy, true),
-            (Lines{lossy + ":3:64: error: Failed to parse JSON file '" + lossy +
+            (Lines{lossy + ":3:64: error: 'CompType': \"PS_IGU_O\" is not a known component type; did you mean "
+                           "\"PS_IGU_0\"? [tarvo 8-101]",
+                   lossy + ":3:64: note: Failed to parse JSON file '" + lossy +
                        "': Unknown component type : PS_IGU_O [tarvo 8-101]",
                    lossy + ":4:26: warning: 'ReadRateLimiter' is read as an integer: 2.5 becomes 2 "
                            "[tarvo-docs lossy-value]",

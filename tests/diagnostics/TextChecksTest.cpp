@@ -34,8 +34,12 @@ TEST(TextChecks, SuggestionsPreferTheNearestAndExactCase) {
   EXPECT_EQ(TextSuggestion::distance("", "abc"), 3u);
   EXPECT_EQ(TextSuggestion::closest("ll", {"LL", "ll"}, 5), "ll");
   EXPECT_EQ(TextSuggestion::closest("ll", {"BE", "LL"}, 5), "LL");
-  EXPECT_EQ(TextSuggestion::nameTolerance("ab"), 2u);
-  EXPECT_EQ(TextSuggestion::nameTolerance("colocated_node"), 4u);
+  EXPECT_EQ(TextSuggestion::distance("Nmae", "Name"), 1u);  // a swap of neighbours is one edit
+  EXPECT_EQ(TextSuggestion::distance("dataWidht", "dataWidth"), 1u);
+  EXPECT_EQ(TextSuggestion::distance("abc", "ca"), 3u);
+  EXPECT_EQ(TextSuggestion::closest("NOPE", {"NRPT", "DDRC"}, TextSuggestion::nameTolerance("NOPE")), "");
+  EXPECT_EQ(TextSuggestion::nameTolerance("ab"), 1u);
+  EXPECT_EQ(TextSuggestion::nameTolerance("colocated_node"), 3u);
 }
 
 }  // namespace

@@ -10,8 +10,10 @@
 
 #include "ConstrWriter.h"
 #include "Lint.h"
+#include "NOCJsonEnumTexts.h"
 #include "NOCJsonReadWriteUtils.h"
 #include "SchemaViolations.h"
+#include "TextSuggestion.h"
 #include "ValueText.h"
 #include "xp_ifstream.h"
 
@@ -24,28 +26,41 @@ Severity severityOf(ComMsgMgr::MsgMask mask) {
   return Severity::Note;
 }
 
-// Messages that name an object of the document: which argument holds the name, and the key
-// whose values (or items) name such objects ("" for any key or value).
+// Messages that name an object of the document: which argument holds the name, the key
+// whose values (or items) name such objects ("" for any key or value), and whether the
+// argument is a list of names joined by blanks (the first one is placed).
 struct NamedObject {
   char const* id;
   std::size_t argument;
   char const* memberKey;
+  bool list;
 };
 NamedObject const kNamedObjects[] = {
-    {"73-30", 0, "Ports"}, {"73-448", 0, "Port"},
-    {"75-184", 0, ""},     {"75-698", 2, ""},
-    {"75-407", 0, ""},     {"75-408", 0, ""},
-    {"75-410", 0, ""},     {"75-411", 0, ""},
-    {"75-412", 0, ""},     {"75-413", 0, ""},
-    {"75-414", 0, ""},     {"75-415", 0, ""},
-    {"75-497", 0, ""},     {"75-498", 0, ""},
-    {"75-574", 1, ""},     {"75-579", 1, ""},
-    {"75-584", 1, ""},     {"75-587", 1, ""},
-    {"75-588", 1, ""},     {"75-747", 1, ""},
-    {"75-595", 2, ""},     {"75-596", 2, ""},
-    {"75-748", 2, ""},     {"75-646", 0, ""},
-    {"75-647", 0, ""},     {"75-880", 0, "relative_nodes"},
+    {"73-30", 0, "Ports", false}, {"73-448", 0, "Port", false},
+    {"75-184", 0, "", false},     {"75-698", 2, "", false},
+    {"75-407", 0, "", false},     {"75-408", 0, "", false},
+    {"75-410", 0, "", false},     {"75-411", 0, "", true},
+    {"75-412", 0, "", false},     {"75-413", 0, "", true},
+    {"75-414", 0, "", false},     {"75-415", 0, "", true},
+    {"75-497", 0, "", false},     {"75-498", 0, "", false},
+    {"75-574", 1, "", false},     {"75-579", 1, "", false},
+    {"75-584", 1, "", false},     {"75-587", 1, "", false},
+    {"75-588", 1, "", false},     {"75-747", 1, "", false},
+    {"75-595", 2, "", false},     {"75-596", 2, "", false},
+    {"75-748", 2, "", false},     {"75-646", 0, "", false},
+    {"75-647", 0, "", false},     {"75-880", 0, "relative_nodes", false},
 };
+
+// The texts of the component types that the traffic reader knows.
+std::vector<std::string> const& componentTypeTexts() {
+  static std::vector<std::string> const texts = [] {
+    std::vector<std::string> all;
+    for (int value = 0; value < DevHrdIP::Definitions::COMPERR; ++value)
+      all.emplace_back(NOC::compTypeToText(value));
+    return all;
+  }();
+  return texts;
+}
 
 std::string metaValue(ComMsgMgrInstance const& message, ComMsgMgr::MetaType type) {
   for (auto const& meta : message.getMetaTypes())
@@ -123,10 +138,8 @@ class Diagnoser::Run {
     }
     for (NamedObject const& named : kNamedObjects) {
       if (message.getId() != named.id || named.argument >= args.size()) continue;
-      // A list of names is joined by blanks; the first one is placed.
       std::string name = args[named.argument];
-      if (name.find(' ') != std::string::npos && std::string(named.id) >= "75-410" && std::string(named.id) <= "75-415")
-        name = name.substr(0, name.find(' '));
+      if (named.list) name = name.substr(0, name.find(' '));
       add(severity, id, message.getText(), atName(name, named.memberKey));
       return;
     }
@@ -142,9 +155,19 @@ class Diagnoser::Run {
       add(Severity::Error, id, match[3], {Anchor::LineColumn, 0, std::stoul(match[1]), std::stoul(match[2])});
       return;
     }
+    static std::regex const unknownType("^Unknown component type : (.*)$");
+    if (std::regex_match(reason, match, unknownType)) {
+      std::string const best =
+          TextSuggestion::closest(match[1], componentTypeTexts(), TextSuggestion::nameTolerance(match[1]));
+      add(Severity::Error, id,
+          "'CompType': " + ValueText::quoted(match[1]) + " is not a known component type" +
+              (best.empty() ? std::string() : "; did you mean " + ValueText::quoted(best) + "?"),
+          atName(match[1], "CompType"));
+      add(Severity::Note, id, message.getText(), m_pending.back());
+      return;
+    }
     // Failures of the traffic reader that name a value of the document.
     static std::pair<std::regex, char const*> const namedValues[] = {
-        {std::regex("^Unknown component type : (.*)$"), "CompType"},
         {std::regex("^Could not find netlist instance for traffic spec instance: (.*)$"), "Name"},
         {std::regex("^Empty logical instance name()$"), "Name"},
     };
@@ -203,7 +226,7 @@ class Diagnoser::Run {
       m_schemaLoaded = true;
       std::ifstream in(m_owner.m_options.schemaFile, std::ios_base::binary);
       std::string const text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-      if (!m_owner.m_options.schemaFile.empty()) m_schema.Parse(text.c_str(), text.size());
+      if (in.is_open()) m_schema.Parse(text.c_str(), text.size());
     }
     return m_schema.IsObject() ? &m_schema : nullptr;
   }
