@@ -53,17 +53,12 @@ ReadOutcome CommandRun::read(std::string const& argument, DocumentKind const* ki
     }
   } catch (UsageError const&) {
     throw;
-  } catch (HEXAll const& error) {
-    ++failures;
-    if (m_command.diagnoses)
-      report.failure = error.getMessage();
-    else
-      reportReadFailure(
-          ReadFailure{source ? *source : DocumentSource::file(argument), outcome.kind, std::current_exception()},
-          m_streams.err);
   } catch (std::exception const& error) {
     ++failures;
-    if (m_command.diagnoses)
+    HEXAll const* const libraryReport = dynamic_cast<HEXAll const*>(&error);
+    if (m_command.diagnoses && libraryReport != nullptr)
+      report.failure = libraryReport->getMessage();
+    else if (m_command.diagnoses)
       failure = error.what();
     else
       reportReadFailure(
@@ -102,6 +97,7 @@ void CommandRun::diagnose(ReadOutcome& outcome, DocumentSource const* source,
                              "the document looks like a " + looksLike->name() + " document, not " +
                                  outcome.kind->name() + "; name its kind with --kind " + looksLike->name()});
   }
+  // A schema failure is one report of the library and as many errors as it has violations.
   outcome.errors = std::max<int>(
       outcome.errors, static_cast<int>(std::count_if(diagnostics.begin(), diagnostics.end(), [](Diagnostic const& d) {
         return d.severity == Severity::Error;
