@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdio>
 #include <map>
-#include <regex>
 
 #include "ConstrPlaceText.h"
 #include "SchemaNavigator.h"
@@ -62,7 +61,6 @@ class Walker {
     std::vector<std::string> const named = schema ? SchemaNavigator::namedKeys(*schema) : std::vector<std::string>();
     rapidjson::Value const* properties = schema ? SchemaNavigator::member(*schema, "properties") : nullptr;
     rapidjson::Value const* additional = schema ? SchemaNavigator::member(*schema, "additionalProperties") : nullptr;
-    rapidjson::Value const* patterns = schema ? SchemaNavigator::member(*schema, "patternProperties") : nullptr;
     // Other keys pass through unread only where the schema names keys and gives no rule for
     // the others; where it gives one, the keys are names (of nodes, nets, ...) and not typos.
     bool const lintKeys = !named.empty() && (additional == nullptr || additional->IsTrue());
@@ -80,21 +78,14 @@ class Walker {
                 ValueText::subject(SourceMap::Pointer(pointer.begin(), pointer.end() - 1)) +
                 "; where the reader looks the key up, it reads the first value");
       bool const isNamed = std::find(named.begin(), named.end(), key) != named.end();
-      if (lintKeys && !isNamed && !SchemaNavigator::matchesPattern(*schema, key) && occurrence == 0) {
+      rapidjson::Value const* child = isNamed             ? &(*properties)[member.name]
+                                      : schema != nullptr ? m_navigator->patternSchema(*schema, key)
+                                                          : nullptr;
+      if (lintKeys && !isNamed && child == nullptr && occurrence == 0) {
         std::string const suggestion = TextSuggestion::closest(key, named, TextSuggestion::nameTolerance(key));
         add(pointer, 0, true, kUnknownKey,
             "key '" + key + "' is not one the schema names; it is passed through unchecked" +
                 (suggestion.empty() ? std::string() : "; did you mean '" + suggestion + "'?"));
-      }
-      rapidjson::Value const* child = nullptr;
-      if (isNamed) {
-        child = &(*properties)[member.name];
-      } else if (patterns != nullptr && patterns->IsObject()) {
-        for (auto const& pattern : patterns->GetObject())
-          if (std::regex_search(key, std::regex(pattern.name.GetString(), std::regex::ECMAScript))) {
-            child = &pattern.value;
-            break;
-          }
       }
       if (child == nullptr && additional != nullptr && additional->IsObject()) child = additional;
       walk(member.value, child, pointer);

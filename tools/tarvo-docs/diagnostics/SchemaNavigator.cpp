@@ -5,23 +5,16 @@
 #include <cstdlib>
 #include <regex>
 
+#include "ValueText.h"
+
 namespace tarvo_diagnostics {
 namespace {
-
-char const* typeName(rapidjson::Value const& value) {
-  if (value.IsObject()) return "object";
-  if (value.IsArray()) return "array";
-  if (value.IsString()) return "string";
-  if (value.IsBool()) return "boolean";
-  if (value.IsNull()) return "null";
-  return value.IsInt64() || value.IsUint64() ? "integer" : "number";
-}
 
 bool typeAdmits(rapidjson::Value const& type, rapidjson::Value const& value) {
   auto admits = [&value](rapidjson::Value const& name) {
     if (!name.IsString()) return false;
     std::string const wanted = name.GetString();
-    std::string const actual = typeName(value);
+    std::string const actual = ValueText::typeName(value);
     return wanted == actual || (wanted == "number" && actual == "integer");
   };
   if (type.IsString()) return admits(type);
@@ -73,17 +66,17 @@ std::vector<std::string> SchemaNavigator::namedKeys(rapidjson::Value const& sche
   return keys;
 }
 
-bool SchemaNavigator::matchesPattern(rapidjson::Value const& schema, std::string const& key) {
+rapidjson::Value const* SchemaNavigator::patternSchema(rapidjson::Value const& schema, std::string const& key) const {
   rapidjson::Value const* patterns = member(schema, "patternProperties");
-  if (patterns == nullptr || !patterns->IsObject()) return false;
-  for (auto const& pattern : patterns->GetObject())
-    if (std::regex_search(key, std::regex(pattern.name.GetString(), std::regex::ECMAScript))) return true;
-  return false;
-}
-
-bool SchemaNavigator::allowsOtherKeys(rapidjson::Value const& schema) {
-  rapidjson::Value const* additional = member(schema, "additionalProperties");
-  return additional == nullptr || !additional->IsBool() || additional->GetBool();
+  if (patterns == nullptr || !patterns->IsObject()) return nullptr;
+  for (auto const& pattern : patterns->GetObject()) {
+    std::string const text(pattern.name.GetString(), pattern.name.GetStringLength());
+    auto compiled = m_patterns.find(text);
+    if (compiled == m_patterns.end())
+      compiled = m_patterns.emplace(text, std::regex(text, std::regex::ECMAScript)).first;
+    if (std::regex_search(key, compiled->second)) return &pattern.value;
+  }
+  return nullptr;
 }
 
 SchemaNavigator::Found SchemaNavigator::at(rapidjson::Value const& document, SourceMap::Pointer const& steps) const {
@@ -109,16 +102,11 @@ SchemaNavigator::Found SchemaNavigator::at(rapidjson::Value const& document, Sou
         if (entry != value->MemberEnd()) next = &entry->value;
       }
       rapidjson::Value const* properties = schema ? member(*schema, "properties") : nullptr;
-      rapidjson::Value const* patterns = schema ? member(*schema, "patternProperties") : nullptr;
-      if (properties != nullptr && properties->IsObject() &&
-          properties->HasMember(rapidjson::Value(rapidjson::StringRef(step.data(), step.size()))))
-        nextSchema = &(*properties)[rapidjson::Value(rapidjson::StringRef(step.data(), step.size()))];
-      if (nextSchema == nullptr && patterns != nullptr && patterns->IsObject())
-        for (auto const& pattern : patterns->GetObject())
-          if (std::regex_search(step, std::regex(pattern.name.GetString(), std::regex::ECMAScript))) {
-            nextSchema = &pattern.value;
-            break;
-          }
+      if (properties != nullptr && properties->IsObject()) {
+        auto named = properties->FindMember(rapidjson::Value(rapidjson::StringRef(step.data(), step.size())));
+        if (named != properties->MemberEnd()) nextSchema = &named->value;
+      }
+      if (nextSchema == nullptr && schema != nullptr) nextSchema = patternSchema(*schema, step);
       if (nextSchema == nullptr && schema != nullptr) {
         rapidjson::Value const* additional = member(*schema, "additionalProperties");
         if (additional != nullptr && additional->IsObject()) nextSchema = additional;

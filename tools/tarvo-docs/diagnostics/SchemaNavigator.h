@@ -3,6 +3,8 @@
 
 #include <rapidjson/document.h>
 
+#include <map>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -28,15 +30,15 @@ class SchemaNavigator {
 
   // The keys that the object schema names under "properties".
   static std::vector<std::string> namedKeys(rapidjson::Value const& schema);
-  // True when a key that "properties" does not name matches a pattern of "patternProperties".
-  static bool matchesPattern(rapidjson::Value const& schema, std::string const& key);
-  // False only for "additionalProperties": false.
-  static bool allowsOtherKeys(rapidjson::Value const& schema);
+  // The schema of the first pattern of "patternProperties" that `key` matches, or null.
+  rapidjson::Value const* patternSchema(rapidjson::Value const& schema, std::string const& key) const;
   // The member `name` of a schema object, or null.
   static rapidjson::Value const* member(rapidjson::Value const& schema, char const* name);
 
  private:
   rapidjson::Value const& m_root;
+  // Patterns compiled once, since lint asks for every key of every object.
+  mutable std::map<std::string, std::regex> m_patterns;
 };
 
 }  // namespace tarvo_diagnostics

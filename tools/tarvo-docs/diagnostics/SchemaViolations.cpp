@@ -121,7 +121,7 @@ class Collector {
     for (auto const& member : found.value->GetObject()) {
       std::string const key(member.name.GetString(), member.name.GetStringLength());
       if (std::find(known.begin(), known.end(), key) != known.end() ||
-          SchemaNavigator::matchesPattern(*found.schema, key))
+          m_navigator.patternSchema(*found.schema, key) != nullptr)
         continue;
       std::string text = "key '" + key + "' is not allowed in " + ValueText::subject(pointer);
       std::string const suggestion = TextSuggestion::closest(key, known, TextSuggestion::nameTolerance(key));

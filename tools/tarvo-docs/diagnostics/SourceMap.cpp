@@ -153,14 +153,17 @@ class Scanner {
       if (m_p >= m_end || *m_p != ':') return false;
       ++m_p;
       if (!value(child, occurrence, keyOffset, &key)) return false;
-      skipBlanks();
-      if (m_p < m_end && *m_p == ',') {
-        ++m_p;
-        continue;
-      }
-      if (m_p < m_end && *m_p == '}') return ++m_p, true;
-      return false;
+      Next const next = afterEntry('}');
+      if (next != Next::More) return next == Next::Closed;
     }
+  }
+
+  // Behind a member or an item: a comma goes on, `closer` ends the container.
+  enum class Next { More, Closed, Broken };
+  Next afterEntry(char closer) {
+    skipBlanks();
+    if (m_p < m_end && (*m_p == ',' || *m_p == closer)) return *m_p++ == ',' ? Next::More : Next::Closed;
+    return Next::Broken;
   }
 
   // Items count as values of the array's member for name queries.
@@ -175,13 +178,8 @@ class Scanner {
         if (found != node->children.end()) child = &found->second;
       }
       if (!value(child, 0, npos, memberKey)) return false;
-      skipBlanks();
-      if (m_p < m_end && *m_p == ',') {
-        ++m_p;
-        continue;
-      }
-      if (m_p < m_end && *m_p == ']') return ++m_p, true;
-      return false;
+      Next const next = afterEntry(']');
+      if (next != Next::More) return next == Next::Closed;
     }
   }
 
