@@ -21,7 +21,7 @@ struct Diagnostic {
   std::size_t column = 0;
   std::size_t characterColumn = 0;
   Severity severity = Severity::Error;
-  std::string id;    // "tarvo 8-101" for the library's messages, "tarvo-docs NAME" for our own
+  std::string id;    // "tarvo 8-101" (the library's), "tarvo-docs NAME" (lint), "" (no rule)
   std::string text;  // no trailing newline
 
   // "FILE:LINE:COLUMN: SEVERITY: TEXT [ID]", or "FILE: SEVERITY: TEXT [ID]" with no place.
