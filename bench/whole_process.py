@@ -74,14 +74,18 @@ def floor(bench_dir, document, runs):
     return {"floor ms": float(out[0]) * 1e3, "convert floor ms": float(out[1]) * 1e3, "compact bytes": int(out[2])}
 
 
+def milliseconds(value):
+    return f"{value:.0f}" if value >= 100 else f"{value:.3g}"
+
+
 def table(results):
     header = ["document", "MB", "floor ms", "check", "check --kind", "convert floor ms", "convert",
               "convert peak/text"]
     rows = []
     for name, r in results.items():
-        rows.append([name, f"{r['bytes'] / 1e6:.1f}", f"{r['floor ms']:.3g}",
+        rows.append([name, f"{r['bytes'] / 1e6:.1f}", milliseconds(r['floor ms']),
                      f"{r['check ms'] / r['floor ms']:.2f}x", f"{r['check --kind ms'] / r['floor ms']:.2f}x",
-                     f"{r['convert floor ms']:.3g}", f"{r['convert ms'] / r['convert floor ms']:.2f}x",
+                     milliseconds(r['convert floor ms']), f"{r['convert ms'] / r['convert floor ms']:.2f}x",
                      f"{r['convert peak MB'] * 1e6 / r['compact bytes']:.2f}x"])
     lines = ["| " + " | ".join(header) + " |", "|" + "---|" * len(header)]
     lines += ["| " + " | ".join(row) + " |" for row in rows]
