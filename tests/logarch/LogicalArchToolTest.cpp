@@ -90,5 +90,5 @@ TEST(LogicalArchTool, RenamePortsWritesStandardNamesAndLeavesOutputAloneOnFailur
   EXPECT_EQ(readFile(out), "previous");
   tarvo_test::ToolRun const usage = docs("rename-ports " + full);
   EXPECT_EQ(usage.exitCode, 2);
-  EXPECT_EQ(usage.err, "tarvo-docs: rename-ports needs one FILE and -o OUT (see tarvo-docs --help)\n");
+  EXPECT_EQ(usage.err, "tarvo-docs: rename-ports needs one FILE and -o OUT (see tarvo-docs rename-ports --help)\n");
 }

@@ -1,32 +1,18 @@
 #ifndef TARVO_DOCS_DOCUMENTKIND_H
 #define TARVO_DOCS_DOCUMENTKIND_H
 
-#include <rapidjson/document.h>
-
-#include <functional>
 #include <iosfwd>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "DocumentSource.h"
+#include "ToolOptions.h"
+#include "TopLevelKeys.h"
+
 class HDGUIStatus;
 
 namespace tarvo_docs {
-
-// Options of the command line that a document kind may use: `--name value` pairs as given
-// (for example "--traffic" -> "t.json"), repeatable options in the order given.
-class ToolOptions {
- public:
-  void add(std::string const& name, std::string const& value) { m_values[name].push_back(value); }
-  bool has(std::string const& name) const { return m_values.count(name) != 0; }
-  // The last value given for `name`, or `fallback`.
-  std::string get(std::string const& name, std::string const& fallback = std::string()) const;
-  std::vector<std::string> getAll(std::string const& name) const;
-
- private:
-  std::map<std::string, std::vector<std::string>> m_values;
-};
 
 // A document read into the library's model.
 class LoadedDocument {
@@ -36,16 +22,10 @@ class LoadedDocument {
   virtual std::string brief() const = 0;
   // What the model holds, for `summary`.
   virtual void summarize(std::ostream& out) const = 0;
-  // Writes the model through the library's writer; false when the writer refused.
-  virtual bool write(std::ostream& out, ToolOptions const& options) const = 0;
-};
-
-// A command beyond check, summary and convert that a document kind brings, such as
-// `rename-ports`. `run` returns the exit status.
-struct ExtraCommand {
-  std::string name;
-  std::string usage;  // one line for --help
-  std::function<int(std::vector<std::string> const& args, ToolOptions const& options)> run;
+  // Writes the model through the library's writer, which updates `status`; false when the
+  // writer refused (after its own message). A model that cannot be written this way throws
+  // with the reason. A writer may write nothing at all, which is not a refusal.
+  virtual bool write(std::ostream& out, ToolOptions const& options, HDGUIStatus& status) const = 0;
 };
 
 // One kind of document that tarvo-docs serves. Each kind lives in kinds/ and is listed once in
@@ -55,20 +35,20 @@ class DocumentKind {
   virtual ~DocumentKind() = default;
   // The name used with --kind, such as "metadata".
   virtual std::string name() const = 0;
-  // True when a parsed document looks like this kind (by its top-level keys).
-  virtual bool recognises(rapidjson::Value const& root) const = 0;
-  // Reads the file with the library's reader. Failures leave by the library's exceptions.
-  virtual std::unique_ptr<LoadedDocument> read(std::string const& file, ToolOptions const& options,
+  // True when the top-level keys read so far make a document this kind.
+  virtual bool recognises(TopLevelKeys const& keys) const = 0;
+  // Reads the document with the library's reader (its file or stream form). Failures leave
+  // by the library's exceptions.
+  virtual std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const& options,
                                                HDGUIStatus& status) const = 0;
-  virtual std::vector<ExtraCommand> extraCommands() const { return {}; }
-  // Options (besides the common ones) that take a value, such as "--traffic", and options
-  // that stand alone, such as "--hw", for the argument parser.
-  virtual std::vector<std::string> valueOptions() const { return {}; }
-  virtual std::vector<std::string> flagOptions() const { return {}; }
+  // The installed schema of the kind, where the library looks for it; editors use it too.
+  virtual std::string schemaFile() const = 0;
 };
 
 // Every kind the program knows, in the order they are tried when detecting.
 std::vector<std::unique_ptr<DocumentKind>> const& documentKinds();
+// The kind of that name, or null.
+DocumentKind const* findKind(std::string const& name);
 
 }  // namespace tarvo_docs
 

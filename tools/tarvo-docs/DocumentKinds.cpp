@@ -1,5 +1,4 @@
 #include "DocumentKind.h"
-
 #include "kinds/Kinds.h"
 
 namespace tarvo_docs {
@@ -18,6 +17,12 @@ std::vector<std::unique_ptr<DocumentKind>> const& documentKinds() {
     return all;
   }();
   return kinds;
+}
+
+DocumentKind const* findKind(std::string const& name) {
+  for (auto const& kind : documentKinds())
+    if (kind->name() == name) return kind.get();
+  return nullptr;
 }
 
 }  // namespace tarvo_docs

@@ -1,4 +1,4 @@
-#include "DocumentKind.h"
+#include "ToolOptions.h"
 
 namespace tarvo_docs {
 

@@ -1,14 +1,14 @@
-#include <iostream>
 #include <map>
 #include <ostream>
 
-#include "ComMsgMgrInstance.h"
 #include "ConstrHandler.h"
 #include "ConstrReader.h"
 #include "ConstrWriter.h"
 #include "FifoLocations.h"
 #include "GroupConstraints.h"
 #include "Kinds.h"
+#include "LoadedDocuments.h"
+#include "NOCJsonReadWriteUtils.h"
 
 namespace tarvo_docs {
 
@@ -25,31 +25,6 @@ using kpe::constraints::StreamFifoRecord;
 std::string plural(std::size_t count, char const* one, char const* many) {
   return std::to_string(count) + " " + (count == 1 ? one : many);
 }
-
-// While a document is read, follows each message of the reader that knows its place in the
-// file with that place, below the line that the default output prints.
-class PlaceOfMessages {
- public:
-  PlaceOfMessages() : m_sink(ComMsgMgr::addSink(&printPlace)) {}
-  ~PlaceOfMessages() { ComMsgMgr::removeSink(m_sink); }
-  PlaceOfMessages(PlaceOfMessages const&) = delete;
-  PlaceOfMessages& operator=(PlaceOfMessages const&) = delete;
-
- private:
-  static void printPlace(ComMsgMgrInstance const& message) {
-    std::string file;
-    std::string line;
-    std::string column;
-    for (ComMsgMgrInstance::MetaAnnotation const& meta : message.getMetaTypes()) {
-      if (meta.type == ComMsgMgr::META_FILE) file = meta.value;
-      if (meta.type == ComMsgMgr::META_LINE) line = meta.value;
-      if (meta.type == ComMsgMgr::META_COLUMN) column = meta.value;
-    }
-    if (!line.empty()) std::cerr << "    at " << file << ":" << line << ":" << column << "\n";
-  }
-
-  int m_sink;
-};
 
 std::string groupText(GroupConstr const& group) {
   std::string text = BaseConstraint::getConstrTypeAsStr(group.getType()) + " '" + group.getName() + "'";
@@ -75,66 +50,59 @@ std::string recordText(FifoLocationsRecord const& record) {
   return "unspecified";
 }
 
-class LoadedConstraints : public LoadedDocument {
- public:
-  explicit LoadedConstraints(std::string file) : m_file(std::move(file)) {}
-  ~LoadedConstraints() override { store.clear(); }
-
-  std::string brief() const override {
-    return plural(store.size(), "constraint", "constraints") + ", " +
-           plural(store.getFifoLocationsRecords().size(), "FIFO record", "FIFO records");
-  }
-
-  void summarize(std::ostream& out) const override {
-    out << "Constraint document: " << brief() << "\n";
-    std::map<std::pair<BaseConstraint::ConstrType, BaseConstraint::ObjectType>, std::size_t> counts;
-    for (BaseConstraint const* constraint : store.getConstrs())
-      ++counts[std::make_pair(constraint->getType(), constraint->getObjType())];
-    out << "By kind and object type:\n";
-    for (auto const& count : counts)
-      out << "  " << BaseConstraint::getConstrTypeAsStr(count.first.first) << " on "
-          << BaseConstraint::getObjTypeAsStr(count.first.second) << ": " << count.second << "\n";
-    out << "Groups:\n";
-    for (BaseConstraint const* constraint : store.getConstrs())
-      if (auto const* group = dynamic_cast<GroupConstr const*>(constraint)) out << "  " << groupText(*group) << "\n";
-    out << "FIFO records:\n";
-    for (auto const& record : store.getFifoLocationsRecords())
-      out << "  " << record.first << ": " << recordText(*record.second) << "\n";
-  }
-
-  bool write(std::ostream& out, ToolOptions const& options) const override {
-    kpe::constraints::ConstrWriter writer(store);
-    writer.write(out, options.get("-o", m_file), true);
-    return true;
-  }
-
-  ConstrHandler store;
-
- private:
-  std::string m_file;
-};
-
 class ConstraintKind : public DocumentKind {
  public:
   std::string name() const override { return "constraints"; }
 
-  bool recognises(rapidjson::Value const& root) const override {
-    if (!root.IsObject()) return false;
-    for (char const* key :
-         {"NodeConstraints", "PortConstraints", "NetConstraints", "GlobalConstraints", "isToolGenerated"})
-      if (root.HasMember(key)) return true;
-    return false;
+  bool recognises(TopLevelKeys const& keys) const override {
+    return keys.hasAny(
+        {"NodeConstraints", "PortConstraints", "NetConstraints", "GlobalConstraints", "isToolGenerated"});
   }
 
-  std::unique_ptr<LoadedDocument> read(std::string const& file, ToolOptions const&, HDGUIStatus&) const override {
-    auto loaded = std::make_unique<LoadedConstraints>(file);
-    PlaceOfMessages const places;
-    kpe::constraints::ConstrReader(loaded->store).read(file, true);
+  // The reader's own choice; where there is none, the first place it would look.
+  std::string schemaFile() const override {
+    std::string const installed = kpe::constraints::ConstrWriter::findInstalledSchemaFile();
+    return installed.empty() ? NOCJsonReadWriteUtils::getSchemaFile({"kpetools_constr_schema.json"}) : installed;
+  }
+
+  std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const&, HDGUIStatus&) const override {
+    auto loaded = std::make_unique<LoadedConstraints>(source.name());
+    kpe::constraints::ConstrReader reader(loaded->store);
+    source.apply([&reader](auto&... where) { reader.read(where..., true); });
     return loaded;
   }
 };
 
 }  // namespace
+
+std::string LoadedConstraints::brief() const {
+  return plural(store.size(), "constraint", "constraints") + ", " +
+         plural(store.getFifoLocationsRecords().size(), "FIFO record", "FIFO records");
+}
+
+void LoadedConstraints::summarize(std::ostream& out) const {
+  out << "Constraint document: " << brief() << "\n";
+  std::map<std::pair<BaseConstraint::ConstrType, BaseConstraint::ObjectType>, std::size_t> counts;
+  for (BaseConstraint const* constraint : store.getConstrs())
+    ++counts[std::make_pair(constraint->getType(), constraint->getObjType())];
+  out << "By kind and object type:\n";
+  for (auto const& count : counts)
+    out << "  " << BaseConstraint::getConstrTypeAsStr(count.first.first) << " on "
+        << BaseConstraint::getObjTypeAsStr(count.first.second) << ": " << count.second << "\n";
+  out << "Groups:\n";
+  for (BaseConstraint const* constraint : store.getConstrs())
+    if (auto const* group = dynamic_cast<GroupConstr const*>(constraint)) out << "  " << groupText(*group) << "\n";
+  out << "FIFO records:\n";
+  for (auto const& record : store.getFifoLocationsRecords())
+    out << "  " << record.first << ": " << recordText(*record.second) << "\n";
+}
+
+// The writer names the document in its messages; that is the output, or the source without -o.
+bool LoadedConstraints::write(std::ostream& out, ToolOptions const& options, HDGUIStatus&) const {
+  kpe::constraints::ConstrWriter writer(store);
+  writer.write(out, options.get("-o", m_name), true);
+  return true;
+}
 
 std::unique_ptr<DocumentKind> makeConstraintKind() {
   return std::make_unique<ConstraintKind>();

@@ -2,6 +2,8 @@
 
 #include "KPEPrjMetaDataModel.h"
 #include "Kinds.h"
+#include "LoadedDocuments.h"
+#include "NOCJsonReadWriteUtils.h"
 
 namespace tarvo_docs {
 
@@ -30,45 +32,51 @@ std::string valueText(boost::any const& value) {
   return text + "]";
 }
 
-class LoadedMetadata : public LoadedDocument {
- public:
-  KPEPrjMetaDataModel model;
-
-  std::string brief() const override {
-    std::size_t const count = model.getProperties().size();
-    return std::to_string(count) + (count == 1 ? " property" : " properties");
-  }
-
-  void summarize(std::ostream& out) const override {
-    out << "Project metadata: " << brief() << "\n";
-    for (auto const& property : model.getProperties())
-      out << "  " << property.first << " (" << typeName(property.second) << ") = " << valueText(property.second)
-          << "\n";
-  }
-
-  bool write(std::ostream& out, ToolOptions const&) const override {
-    model.writeToJSONStream(out);
-    return true;
-  }
-};
-
 class MetadataKind : public DocumentKind {
  public:
   std::string name() const override { return "metadata"; }
 
-  bool recognises(rapidjson::Value const& root) const override {
-    return root.IsObject() && root.HasMember("MetaData");
+  bool recognises(TopLevelKeys const& keys) const override { return keys.has("MetaData"); }
+
+  // The library reads metadata with no schema; this one is for the program and editors.
+  std::string schemaFile() const override {
+    return NOCJsonReadWriteUtils::getSchemaFile({"parts", "zorvex", "common", "tellura", "ProjectMetaDataSchema.json"});
   }
 
-  std::unique_ptr<LoadedDocument> read(std::string const& file, ToolOptions const&, HDGUIStatus&) const override {
+  std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const&, HDGUIStatus&) const override {
     auto loaded = std::make_unique<LoadedMetadata>();
-    loaded->model.readFromJSONFile(file);
+    KPEPrjMetaDataModel& model = loaded->model;
+    source.apply([&model](auto&... where) { readModel(model, where...); });
     return loaded;
+  }
+
+ private:
+  static void readModel(KPEPrjMetaDataModel& model, std::string const& file) { model.readFromJSONFile(file); }
+  static void readModel(KPEPrjMetaDataModel& model, std::istream& in, std::string const& name) {
+    model.readFromJSONStream(name, in);
   }
 };
 
 }  // namespace
 
-std::unique_ptr<DocumentKind> makeMetadataKind() { return std::make_unique<MetadataKind>(); }
+std::string LoadedMetadata::brief() const {
+  std::size_t const count = model.getProperties().size();
+  return std::to_string(count) + (count == 1 ? " property" : " properties");
+}
+
+void LoadedMetadata::summarize(std::ostream& out) const {
+  out << "Project metadata: " << brief() << "\n";
+  for (auto const& property : model.getProperties())
+    out << "  " << property.first << " (" << typeName(property.second) << ") = " << valueText(property.second) << "\n";
+}
+
+bool LoadedMetadata::write(std::ostream& out, ToolOptions const&, HDGUIStatus&) const {
+  model.writeToJSONStream(out);
+  return true;
+}
+
+std::unique_ptr<DocumentKind> makeMetadataKind() {
+  return std::make_unique<MetadataKind>();
+}
 
 }  // namespace tarvo_docs

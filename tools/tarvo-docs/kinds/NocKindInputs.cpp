@@ -1,27 +1,33 @@
-#include "NocKindInputs.h"
+#include <stdexcept>
 
-#include <iostream>
-
+#include "HCRapidJsonReadWriteUtils.h"
 #include "HIPDeviceLoader.h"
+#include "LoadedDocuments.h"
 #include "NOCJsonTrafficSpecReader.h"
 
 namespace tarvo_docs {
 
-char const* const NocKindInputs::kTrafficOption = "--traffic";
-char const* const NocKindInputs::kDeviceOption = "--device";
+char const* const KindOptions::kTraffic = "--traffic";
+char const* const KindOptions::kDevice = "--device";
+char const* const KindOptions::kArch = "--arch";
+char const* const KindOptions::kPrefix = "--prefix";
+char const* const KindOptions::kHierarchy = "--hierarchy";
+char const* const KindOptions::kOnly = "--only";
+char const* const KindOptions::kParam = "--param";
 
 NocKindInputs::NocKindInputs(ToolOptions const& options, HDGUIStatus& status) {
-  device = options.has(kDeviceOption) ? DevHrdIP::HIPDeviceLoader::readFromFile(options.get(kDeviceOption))
-                                      : DevHrdIP::HIPDeviceLoader::makeDefaultDevice();
-  NOC::NOCJsonTrafficSpecReader::readFromJsonFile(options.get(kTrafficOption), spec, status);
+  device = options.has(KindOptions::kDevice)
+               ? DevHrdIP::HIPDeviceLoader::readFromFile(options.get(KindOptions::kDevice))
+               : DevHrdIP::HIPDeviceLoader::makeDefaultDevice();
+  NOC::NOCJsonTrafficSpecReader::readFromJsonFile(options.get(KindOptions::kTraffic), spec, status);
 }
 
-UnboundNocDocument::UnboundNocDocument(std::string const& file, std::string const& schemaPath,
+UnboundNocDocument::UnboundNocDocument(DocumentSource const& source, std::string const& schemaPath,
                                        JsonDocumentFrame::Opener opener, std::string const& title,
                                        std::vector<std::pair<std::string, std::string>> const& counted)
     : m_title(title) {
   JsonDocumentFrame::Document doc;
-  JsonDocumentFrame::readFile(file, opener, [&](std::istream& in, std::string const& name) {
+  source.open(opener, [&](std::istream& in, std::string const& name) {
     JsonDocumentFrame::load(in, name, schemaPath, opener, doc);
     return true;
   });
@@ -40,9 +46,8 @@ void UnboundNocDocument::summarize(std::ostream& out) const {
   out << m_title << ": " << brief() << "\n";
 }
 
-bool UnboundNocDocument::write(std::ostream&, ToolOptions const&) const {
-  std::cerr << "ERROR: " << m_title << " documents are converted through their model; give --traffic FILE.\n";
-  return false;
+bool UnboundNocDocument::write(std::ostream&, ToolOptions const&, HDGUIStatus&) const {
+  throw std::runtime_error(m_title + " documents are converted through their model; give --traffic FILE.");
 }
 
 }  // namespace tarvo_docs

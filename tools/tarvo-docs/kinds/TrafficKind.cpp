@@ -7,7 +7,9 @@
 #include "HIPLogicalObjectNameResolverInterface.h"
 #include "HPAParamMgr.h"
 #include "Kinds.h"
+#include "LoadedDocuments.h"
 #include "NOCJsonEnumTexts.h"
+#include "NOCJsonReadWriteUtils.h"
 #include "NOCJsonTrafficSpecReader.h"
 #include "NOCJsonTrafficSpecWriter.h"
 #include "TrafficSpec.h"
@@ -18,11 +20,6 @@ namespace {
 
 using HrdIPToolCntr::TrafficLInst;
 using HrdIPToolCntr::TrafficSpec;
-
-// Keeps the instances whose names contain a match of the expression, and the paths between them.
-char const* const kOnlyOption = "--only";
-// NAME=VALUE: a tool parameter for the writer, such as project.enableBlockModel=true.
-char const* const kParamOption = "--param";
 
 std::string plural(std::size_t count, char const* one, char const* many) {
   return std::to_string(count) + " " + (count == 1 ? one : many);
@@ -45,7 +42,7 @@ std::string instanceLine(TrafficLInst const& instance) {
 class ToolParameters {
  public:
   explicit ToolParameters(ToolOptions const& options) {
-    for (std::string const& assignment : options.getAll(kParamOption)) {
+    for (std::string const& assignment : options.getAll(KindOptions::kParam)) {
       std::string::size_type const equals = assignment.find('=');
       if (equals == std::string::npos || equals == 0)
         throw std::runtime_error("--param needs NAME=VALUE, not '" + assignment + "'");
@@ -65,108 +62,99 @@ class ToolParameters {
   std::set<std::string> m_names;
 };
 
-class LoadedTraffic : public LoadedDocument {
- public:
-  TrafficSpec spec;
+template <typename Predicate>
+void summarizeInstances(TrafficSpec const& spec, std::ostream& out, char const* title, Predicate selected) {
+  std::vector<TrafficLInst const*> chosen;
+  for (TrafficLInst const* instance : spec.getAllLogicalInstance())
+    if (selected(*instance)) chosen.push_back(instance);
+  if (chosen.empty()) return;
+  out << "  " << title << ":\n";
+  for (TrafficLInst const* instance : chosen)
+    out << "    " << instanceLine(*instance) << "\n";
+}
 
-  std::string brief() const override {
-    std::size_t masters = 0;
-    std::size_t slaves = 0;
-    for (TrafficLInst const* instance : spec.getAllLogicalInstance()) {
-      masters += instance->isMaster() ? 1 : 0;
-      slaves += instance->isSlave() ? 1 : 0;
-    }
-    return plural(masters, "master", "masters") + ", " + plural(slaves, "slave", "slaves") + ", " +
-           plural(static_cast<std::size_t>(spec.getNumPaths()), "path", "paths");
+void summarizePaths(TrafficSpec const& spec, std::ostream& out) {
+  std::map<std::string, int> byProtocol;
+  for (int i = 0; i < spec.getNumPaths(); ++i)
+    ++byProtocol[NOC::axiProtToText(spec.getPath(i)->getMaster()->getProtocol())];
+  if (byProtocol.empty()) return;
+  out << "  Paths by protocol: ";
+  char const* separator = "";
+  for (auto const& count : byProtocol) {
+    out << separator << count.first << " " << count.second;
+    separator = ", ";
   }
+  out << "\n";
+}
 
-  void summarize(std::ostream& out) const override {
-    out << "NoC traffic specification: " << brief() << "\n";
-    if (spec.hasValidDeviceName()) out << "  Device: " << spec.getDeviceName() << "\n";
-    if (spec.isUserSetFrequency()) out << "  Frequency: " << spec.getFrequency() << "\n";
-    if (spec.getSecureMode()) out << "  Secure mode: on\n";
-    summarizeInstances(out, "Masters", [](TrafficLInst const& i) { return i.isMaster(); });
-    summarizeInstances(out, "Slaves", [](TrafficLInst const& i) { return i.isSlave(); });
-    summarizeInstances(out, "Other instances", [](TrafficLInst const& i) { return !i.isMaster() && !i.isSlave(); });
-    summarizePaths(out);
-    summarizePhaseGroups(out);
-    for (std::string const& path : spec.getRcfPaths())
-      out << "  Reconfigurable partition: " << path << "\n";
-  }
-
-  bool write(std::ostream& out, ToolOptions const& options) const override {
-    ToolParameters const parameters(options);
-    NOC::NOCJsonTrafficSpecWriter::InstanceFilter filter = [](TrafficLInst const*) { return true; };
-    if (options.has(kOnlyOption)) {
-      std::regex const only(options.get(kOnlyOption));
-      filter = [only](TrafficLInst const* instance) { return std::regex_search(instance->getName(), only); };
-    }
-    HIPLogicalObjectNameResolverInterfaceIdentity identity;
-    HDGUIStatus status;
-    return NOC::NOCJsonTrafficSpecWriter::writeToJsonFile(out, spec, filter, identity, status);
-  }
-
- private:
-  template <typename Predicate>
-  void summarizeInstances(std::ostream& out, char const* title, Predicate selected) const {
-    std::vector<TrafficLInst const*> chosen;
-    for (TrafficLInst const* instance : spec.getAllLogicalInstance())
-      if (selected(*instance)) chosen.push_back(instance);
-    if (chosen.empty()) return;
-    out << "  " << title << ":\n";
-    for (TrafficLInst const* instance : chosen)
-      out << "    " << instanceLine(*instance) << "\n";
-  }
-
-  void summarizePaths(std::ostream& out) const {
-    std::map<std::string, int> byProtocol;
-    for (int i = 0; i < spec.getNumPaths(); ++i)
-      ++byProtocol[NOC::axiProtToText(spec.getPath(i)->getMaster()->getProtocol())];
-    if (byProtocol.empty()) return;
-    out << "  Paths by protocol: ";
-    char const* separator = "";
-    for (auto const& count : byProtocol) {
-      out << separator << count.first << " " << count.second;
-      separator = ", ";
-    }
+void summarizePhaseGroups(TrafficSpec const& spec, std::ostream& out) {
+  for (std::string const& group : spec.getAllPhaseGroups()) {
+    out << "  Phase group " << group << ":";
+    for (std::string const& phase : spec.getAllPhasesForPhaseGroup(group))
+      if (phase != TrafficSpec::getDefaultPhaseName()) out << " " << phase;
     out << "\n";
   }
-
-  void summarizePhaseGroups(std::ostream& out) const {
-    for (std::string const& group : spec.getAllPhaseGroups()) {
-      out << "  Phase group " << group << ":";
-      for (std::string const& phase : spec.getAllPhasesForPhaseGroup(group))
-        if (phase != TrafficSpec::getDefaultPhaseName()) out << " " << phase;
-      out << "\n";
-    }
-  }
-};
+}
 
 class TrafficKind : public DocumentKind {
  public:
   std::string name() const override { return "traffic"; }
 
   // Only the document's own sections, with instances or system properties among them.
-  bool recognises(rapidjson::Value const& root) const override {
-    if (!root.IsObject()) return false;
-    for (auto member = root.MemberBegin(); member != root.MemberEnd(); ++member) {
-      std::string const key(member->name.GetString(), member->name.GetStringLength());
-      if (key != "LogicalInstances" && key != "Paths" && key != "SystemProperties") return false;
-    }
-    return root.HasMember("LogicalInstances") || root.HasMember("SystemProperties");
+  bool recognises(TopLevelKeys const& keys) const override {
+    return keys.allAmong({"LogicalInstances", "Paths", "SystemProperties"}) &&
+           keys.hasAny({"LogicalInstances", "SystemProperties"});
   }
 
-  std::unique_ptr<LoadedDocument> read(std::string const& file, ToolOptions const&,
+  std::string schemaFile() const override { return NOCJsonReadWriteUtils::getTrafficJsonSchemaFile(); }
+
+  std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const&,
                                        HDGUIStatus& status) const override {
     auto loaded = std::make_unique<LoadedTraffic>();
-    NOC::NOCJsonTrafficSpecReader::readFromJsonFile(file, loaded->spec, status);
+    TrafficSpec& spec = loaded->spec;
+    source.apply(
+        [&](auto&... where) { return NOC::NOCJsonTrafficSpecReader::readFromJsonFile(where..., spec, status); });
     return loaded;
   }
-
-  std::vector<std::string> valueOptions() const override { return {kOnlyOption, kParamOption}; }
 };
 
 }  // namespace
+
+std::string LoadedTraffic::brief() const {
+  std::size_t masters = 0;
+  std::size_t slaves = 0;
+  for (TrafficLInst const* instance : spec.getAllLogicalInstance()) {
+    masters += instance->isMaster() ? 1 : 0;
+    slaves += instance->isSlave() ? 1 : 0;
+  }
+  return plural(masters, "master", "masters") + ", " + plural(slaves, "slave", "slaves") + ", " +
+         plural(static_cast<std::size_t>(spec.getNumPaths()), "path", "paths");
+}
+
+void LoadedTraffic::summarize(std::ostream& out) const {
+  out << "NoC traffic specification: " << brief() << "\n";
+  if (spec.hasValidDeviceName()) out << "  Device: " << spec.getDeviceName() << "\n";
+  if (spec.isUserSetFrequency()) out << "  Frequency: " << spec.getFrequency() << "\n";
+  if (spec.getSecureMode()) out << "  Secure mode: on\n";
+  summarizeInstances(spec, out, "Masters", [](TrafficLInst const& i) { return i.isMaster(); });
+  summarizeInstances(spec, out, "Slaves", [](TrafficLInst const& i) { return i.isSlave(); });
+  summarizeInstances(spec, out, "Other instances", [](TrafficLInst const& i) { return !i.isMaster() && !i.isSlave(); });
+  summarizePaths(spec, out);
+  summarizePhaseGroups(spec, out);
+  for (std::string const& path : spec.getRcfPaths())
+    out << "  Reconfigurable partition: " << path << "\n";
+}
+
+bool LoadedTraffic::write(std::ostream& out, ToolOptions const& options, HDGUIStatus& status) const {
+  ToolParameters const parameters(options);
+  NOC::NOCJsonTrafficSpecWriter::InstanceFilter filter = [](TrafficLInst const*) { return true; };
+  if (options.has(KindOptions::kOnly)) {
+    std::regex const only(options.get(KindOptions::kOnly));
+    filter = [only](TrafficLInst const* instance) { return std::regex_search(instance->getName(), only); };
+  }
+  HIPLogicalObjectNameResolverInterfaceIdentity identity;
+  return NOC::NOCJsonTrafficSpecWriter::writeToJsonFile(out, spec, filter, identity, status);
+}
 
 std::unique_ptr<DocumentKind> makeTrafficKind() {
   return std::make_unique<TrafficKind>();

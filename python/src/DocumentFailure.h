@@ -1,0 +1,35 @@
+#ifndef TARVO_PYTHON_DOCUMENTFAILURE_H
+#define TARVO_PYTHON_DOCUMENTFAILURE_H
+
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "MessageCapture.h"
+
+// A read or write that failed, with what is known of the place. The extension turns it into
+// tarvo.DocumentError.
+class DocumentFailure : public std::runtime_error {
+ public:
+  DocumentFailure(std::string const& message, std::string const& file) : std::runtime_error(message), file(file) {}
+  // An error message the library sent without throwing.
+  DocumentFailure(CapturedMessage const& message, std::string const& file);
+
+  // A writer that refused after its own messages: the last of them that is an error or a
+  // critical warning, or a plain refusal.
+  static DocumentFailure refused(std::vector<CapturedMessage> const& messages, std::string const& file);
+
+  // Runs `work`, turning the library's exceptions into a DocumentFailure naming `file`.
+  static void guard(std::string const& file, std::function<void()> const& work);
+
+  std::string file;
+  std::optional<int> line;
+  std::optional<int> column;
+  std::string id;       // such as "8-101"; empty when the failure has no message id
+  std::string text;     // the message without severity and id
+  std::string pointer;  // JSON pointer of the failing value, when known
+};
+
+#endif

@@ -1,0 +1,30 @@
+#include "MessageCapture.h"
+
+#include <cstdlib>
+
+#include "ComMsgMgr.h"
+#include "ComMsgMgrInstance.h"
+
+MessagePlace::MessagePlace(ComMsgMgrInstance const& message) {
+  for (auto const& meta : message.getMetaTypes()) {
+    if (meta.type == ComMsgMgr::META_FILE) file = meta.value;
+    if (meta.type == ComMsgMgr::META_LINE) line = std::atoi(meta.value.c_str());
+    if (meta.type == ComMsgMgr::META_COLUMN) column = std::atoi(meta.value.c_str());
+  }
+}
+
+CapturedMessage CapturedMessage::of(ComMsgMgrInstance const& message) {
+  return {ComMsgMgr::severityText(message.getMask()), message.getId(), message.getText(), message.getLine(),
+          MessagePlace(message)};
+}
+
+MessageCapture::MessageCapture() {
+  m_sink = ComMsgMgr::addSink(
+      [this](ComMsgMgrInstance const& message) { m_messages.push_back(CapturedMessage::of(message)); });
+  ComMsgMgr::setDefaultSinkEnabled(false);
+}
+
+MessageCapture::~MessageCapture() {
+  ComMsgMgr::removeSink(m_sink);
+  ComMsgMgr::setDefaultSinkEnabled(true);
+}

@@ -1,0 +1,110 @@
+#include "PyDocument.h"
+
+#include <iostream>
+#include <sstream>
+
+#include "ConstraintStore.h"
+#include "DocumentFailure.h"
+#include "HDGUIStatus.h"
+#include "KindDetection.h"
+#include "OutputFile.h"
+#include "OwnedRefs.h"
+#include "kinds/LoadedDocuments.h"
+
+namespace py = pybind11;
+
+namespace tarvo_python {
+
+using namespace tarvo_docs;
+
+std::unique_ptr<PyDocument> PyDocument::read(DocumentSource const& source, std::string const& kind,
+                                             ToolOptions const& options) {
+  DocumentKind const* found = kind.empty() ? nullptr : findKind(kind);
+  if (!kind.empty() && found == nullptr) throw py::value_error("unknown document kind '" + kind + "'");
+  MessageCapture capture;
+  std::unique_ptr<PyDocument> document;
+  DocumentFailure::guard(source.name(), [&] {
+    if (found == nullptr) found = &detectKind(source);
+    HDGUIStatus status;
+    std::unique_ptr<LoadedDocument> loaded = found->read(source, options, status);
+    document.reset(new PyDocument(found->name(), source.name(), options, std::move(loaded)));
+  });
+  document->m_messages = capture.messages();
+  // The program counts a read that sent an error as failed, and so does the package.
+  for (CapturedMessage const& message : document->m_messages)
+    if (message.severity == "ERROR") throw DocumentFailure(message, source.name());
+  return document;
+}
+
+std::unique_ptr<PyDocument> PyDocument::empty(std::string const& kind) {
+  std::unique_ptr<LoadedDocument> loaded;
+  if (kind == "metadata") loaded = std::make_unique<LoadedMetadata>();
+  if (kind == "constraints") loaded = std::make_unique<LoadedConstraints>("<new>");
+  if (kind == "logical-arch") loaded = std::make_unique<LoadedLogicalArch>();
+  if (kind == "traffic") loaded = std::make_unique<LoadedTraffic>();
+  if (!loaded)
+    throw py::value_error("a new document is one of metadata, constraints, logical-arch or traffic, not '" + kind +
+                          "'");
+  return std::unique_ptr<PyDocument>(new PyDocument(kind, "<new>", ToolOptions(), std::move(loaded)));
+}
+
+py::object PyDocument::model(py::object self) {
+  LoadedDocument* loaded = m_loaded.get();
+  if (auto* metadata = dynamic_cast<LoadedMetadata*>(loaded)) return owned(&metadata->model, self);
+  if (auto* constraints = dynamic_cast<LoadedConstraints*>(loaded))
+    return py::cast(std::make_shared<ConstraintStore>(constraints->store, std::move(self)));
+  if (auto* arch = dynamic_cast<LoadedLogicalArch*>(loaded)) return owned(&arch->model, self);
+  if (auto* traffic = dynamic_cast<LoadedTraffic*>(loaded)) return owned(&traffic->spec, self);
+  if (auto* solution = dynamic_cast<LoadedNocSolution*>(loaded)) return owned(&solution->result, self);
+  if (auto* placement = dynamic_cast<LoadedNocConstraints*>(loaded)) return owned(&placement->constraints, self);
+  if (auto* compiler = dynamic_cast<LoadedCompilerSolution*>(loaded)) return owned(&compiler->solution, self);
+  return py::none();
+}
+
+py::object PyDocument::traffic(py::object self) {
+  LoadedDocument* loaded = m_loaded.get();
+  if (auto* solution = dynamic_cast<LoadedNocSolution*>(loaded)) return owned(&solution->inputs.spec, self);
+  if (auto* placement = dynamic_cast<LoadedNocConstraints*>(loaded)) return owned(&placement->inputs.spec, self);
+  if (auto* compiler = dynamic_cast<LoadedCompilerSolution*>(loaded)) return owned(&compiler->design.traffic, self);
+  return py::none();
+}
+
+py::object PyDocument::arch(py::object self) {
+  if (auto* compiler = dynamic_cast<LoadedCompilerSolution*>(m_loaded.get()))
+    return owned(&compiler->design.model, self);
+  return py::none();
+}
+
+bool PyDocument::writeTo(std::ostream& out, ToolOptions const& options) const {
+  bool written = false;
+  DocumentFailure::guard(m_name, [&] {
+    HDGUIStatus status;
+    written = m_loaded->write(out, options, status);
+  });
+  return written;
+}
+
+std::string PyDocument::dumps() const {
+  MessageCapture capture;
+  std::ostringstream out;
+  if (!writeTo(out, m_options)) throw DocumentFailure::refused(capture.messages(), m_name);
+  return out.str();
+}
+
+void PyDocument::write(std::string const& path) const {
+  MessageCapture capture;
+  ToolOptions options = m_options;
+  options.add("-o", path);
+  std::uintmax_t written = 0;
+  DocumentFailure::guard(path, [&] {
+    OutputFile output(path, std::cout);
+    if (!writeTo(output.stream(), options)) throw DocumentFailure::refused(capture.messages(), path);
+    written = output.commit();
+  });
+  if (written == 0)
+    throw DocumentFailure(
+        "there is nothing to write: the writer wrote nothing for '" + m_name + "'; '" + path + "' is left as it was",
+        path);
+}
+
+}  // namespace tarvo_python
