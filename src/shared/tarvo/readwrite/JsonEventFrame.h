@@ -33,6 +33,10 @@ class JsonEventFrame {
   // only the valid beginning of the text.
   template <typename Handler>
   static void load(std::istream& in, std::string const& fileName, std::string const& schemaPath, Handler& handler);
+  // The same for a document that has no schema: every event goes to `handler` as it comes.
+  // Reports as JsonDocumentFrame::parse.
+  template <typename Handler>
+  static void parse(std::istream& in, std::string const& fileName, Handler& handler);
 
   // Sends events into a validator whose output is a pretty writer; after the first refused
   // event nothing more is sent, so the text stops at the first invalid value.
@@ -48,6 +52,9 @@ class JsonEventFrame {
  private:
   template <typename Handler>
   class ValidatingSplitter;
+  // Parses `in` into `splitter`; reports a syntax error or nesting too deep.
+  template <typename Splitter>
+  static void parseInto(HCJsonInputStream& stream, std::string const& fileName, Splitter& splitter);
   typedef rapidjson::PrettyWriter<HCJsonOutputStream> PrettyWriter;
 };
 
@@ -142,14 +149,27 @@ void JsonEventFrame::load(std::istream& in, std::string const& fileName, std::st
   if (schema) validator = std::make_unique<rapidjson::SchemaValidator>(*schema);
   ValidatingSplitter<Handler> splitter(validator.get(), schema ? &handler : nullptr);
   HCJsonInputStream stream(in);
+  parseInto(stream, fileName, splitter);
+  if (schemaFailure) std::rethrow_exception(schemaFailure);
+  if (!splitter.valid())
+    Json::errorParsingJsonFile(fileName, Json::GetUriFragment(validator->GetInvalidDocumentPointer()));
+}
+
+template <typename Handler>
+void JsonEventFrame::parse(std::istream& in, std::string const& fileName, Handler& handler) {
+  ValidatingSplitter<Handler> splitter(nullptr, &handler);
+  HCJsonInputStream stream(in);
+  parseInto(stream, fileName, splitter);
+}
+
+template <typename Splitter>
+void JsonEventFrame::parseInto(HCJsonInputStream& stream, std::string const& fileName, Splitter& splitter) {
+  typedef HCRapidJsonReadWriteUtils Json;
   rapidjson::Reader reader;
   rapidjson::ParseResult result = reader.Parse<rapidjson::kParseDefaultFlags>(stream, splitter);
   // The parser stops behind the bracket that went too deep; the report points at the bracket.
   if (splitter.tooDeep()) result.Set(rapidjson::kParseErrorTermination, result.Offset() - 1);
   if (result.IsError()) Json::errorParsingJsonFile(fileName, Json::GetErrorMsgFromParse(result, stream));
-  if (schemaFailure) std::rethrow_exception(schemaFailure);
-  if (!splitter.valid())
-    Json::errorParsingJsonFile(fileName, Json::GetUriFragment(validator->GetInvalidDocumentPointer()));
 }
 
 // Keeps the member and element counts that the closing events carry.
@@ -220,8 +240,8 @@ class JsonEventFrame::Emitter {
 };
 
 template <typename Produce>
-bool JsonEventFrame::writeValidated(std::ostream& out, rapidjson::SchemaDocument const& schema,
-                                    Produce const& produce, JsonDocumentFrame::SchemaViolation* violation) {
+bool JsonEventFrame::writeValidated(std::ostream& out, rapidjson::SchemaDocument const& schema, Produce const& produce,
+                                    JsonDocumentFrame::SchemaViolation* violation) {
   typedef JsonForwardingHandler<PrettyWriter> Handler;
   typedef rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, Handler> Validator;
   HCJsonOutputStream stream(out);
