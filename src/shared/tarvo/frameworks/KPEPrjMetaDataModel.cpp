@@ -7,10 +7,10 @@
 
 #include <rapidjson/prettywriter.h>
 
-#include "HCRapidJsonReadWriteUtils.h"
-#include "HCRapidJsonStreams.h"
-#include "JsonDocumentFrame.h"
 #include "../readwrite/JsonEventFrame.h"
+#include "HCRapidJsonReadWriteUtils.h"
+#include "JsonDocumentFrame.h"
+#include "JsonOutputStream.h"
 
 namespace Tarvo {
 namespace Frameworks {
@@ -26,7 +26,7 @@ char const* const kMetaData = "MetaData";
 char const* const kName = "name";
 char const* const kValue = "value";
 
-typedef rapidjson::PrettyWriter<HCJsonOutputStream> Writer;
+typedef rapidjson::PrettyWriter<tarvo::jsonio::JsonOutputStream> Writer;
 
 void writeString(Writer& writer, std::string const& text) {
   writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
@@ -279,7 +279,7 @@ std::string KPEPrjMetaDataModel::getKPEPLIntfIDString() {
 // Written straight from the store: the text is what a document built from it would give,
 // without building one.
 void KPEPrjMetaDataModel::writeToJSONStream(std::ostream& out) const {
-  HCJsonOutputStream stream(out);
+  tarvo::jsonio::JsonOutputStream stream(out);
   Writer writer(stream);
   writer.SetIndent(' ', 2);
   writer.StartObject();

@@ -16,8 +16,10 @@
 #include "NOCJsonEnumTexts.h"
 #include "NOCJsonReadWriteUtils.h"
 #include "NOCSolutionDocumentKeys.h"
+#include "StringScan.h"
 #include "TrafficSpec.h"
 
+using tarvo::jsonio::StringScan;
 using namespace DevHrdIP::Definitions;
 using DevHrdIP::Component;
 using DevHrdIP::Link;
@@ -35,14 +37,6 @@ typedef NOCSolutionDocumentKeys Keys;
 namespace NOC {
 
 namespace {
-
-bool endsWith(std::string const& text, std::string const& ending) {
-  return text.size() >= ending.size() && text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
-}
-
-bool startsWith(std::string const& text, std::string const& prefix) {
-  return text.compare(0, prefix.size(), prefix) == 0;
-}
 
 // The document is read in one pass and staged; the result is only touched once the whole
 // text has proved valid, and then in the order a walk over a document tree took: the dest-id
@@ -405,11 +399,12 @@ class SolutionCommit {
   // Names of the document to names of the traffic specification. Error slaves keep their names
   // unless the translation lies in a reconfigurable partition.
   std::string translate(std::string const& name) const {
-    if (endsWith(name, TrafficSpec::getErrorSlaveName()) || endsWith(name, TrafficSpec::getErrorSlaveName_hp())) {
+    if (StringScan::endsWith(name, TrafficSpec::getErrorSlaveName()) ||
+        StringScan::endsWith(name, TrafficSpec::getErrorSlaveName_hp())) {
       if (!m_spec.hasRcfPaths()) return name;
       std::string const candidate = m_resolver.toNetlistName(name);
       for (std::string const& rcfPath : m_spec.getRcfPaths())
-        if (startsWith(candidate, rcfPath)) return candidate;
+        if (StringScan::startsWith(candidate, rcfPath)) return candidate;
       return name;
     }
     std::string instance = m_resolver.toNetlistInstance(name);
