@@ -254,6 +254,10 @@ void fillConstraints(ConstrHandler& store, int objects) {
 std::string trafficText(double scale) {
   TrafficSpec spec;
   fillTraffic(spec, scale);
+  return writtenTraffic(spec);
+}
+
+std::string writtenTraffic(TrafficSpec const& spec) {
   HDGUIStatus status;
   std::ostringstream out;
   NOC::NOCJsonTrafficSpecWriter::writeToJsonFile(out, spec, status);

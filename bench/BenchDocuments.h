@@ -28,6 +28,9 @@ std::string logicalArchText(double scale = 1.0);
 std::string metadataText(double scale = 1.0);
 std::string constraintsText(int objects);
 
+// The written text of any traffic specification.
+std::string writtenTraffic(HrdIPToolCntr::TrafficSpec const& spec);
+
 // `count` times `scale`, at least `least`.
 int scaled(int count, double scale, int least = 0);
 

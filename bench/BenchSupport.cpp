@@ -22,13 +22,6 @@ namespace tarvo_bench {
 
 namespace {
 
-// CPU time of this thread: on a shared machine, wall time measures the neighbours too.
-double cpuSeconds() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
 template <typename Work>
 double fastest(int runs, Work work) {
   double best = std::numeric_limits<double>::max();
@@ -55,6 +48,12 @@ std::size_t statusBytes(std::string const& field) {
 }
 
 }  // namespace
+
+double cpuSeconds() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
 
 bool floorRead(std::string const& text, rapidjson::SchemaDocument const* schema) {
   rapidjson::Document doc;

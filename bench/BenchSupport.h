@@ -17,6 +17,9 @@
 // the document has no schema, and the floor is the parse or write alone.
 namespace tarvo_bench {
 
+// CPU seconds of the calling thread: on a shared machine, wall time measures the neighbours too.
+double cpuSeconds();
+
 // One parse of `text` from memory, validated against `schema` unless it is null; true when
 // the text is valid.
 bool floorRead(std::string const& text, rapidjson::SchemaDocument const* schema);

@@ -4,7 +4,6 @@
 
 #include "BenchDocuments.h"
 #include "HDGUIStatus.h"
-#include "NOCJsonTrafficSpecWriter.h"
 #include "TQCompilerSolutionReaderJSON.h"
 #include "TQCompilerSolutionWriterJSON.h"
 #include "TQLogicalArchWriter.h"
@@ -67,10 +66,7 @@ std::string CompilerSolutionDesign::logicalArchText() const {
 }
 
 std::string CompilerSolutionDesign::trafficText() const {
-  HDGUIStatus status;
-  std::ostringstream out;
-  NOC::NOCJsonTrafficSpecWriter::writeToJsonFile(out, traffic, status);
-  return out.str();
+  return writtenTraffic(traffic);
 }
 
 std::string CompilerSolutionDesign::deviceText() const {

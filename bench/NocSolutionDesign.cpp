@@ -6,7 +6,6 @@
 #include "BenchDocuments.h"
 #include "HDGUIStatus.h"
 #include "NOCJsonSolutionWriter.h"
-#include "NOCJsonTrafficSpecWriter.h"
 
 namespace tarvo_bench {
 
@@ -85,10 +84,7 @@ std::string NocSolutionDesign::solutionText() const {
 }
 
 std::string NocSolutionDesign::trafficText() const {
-  HDGUIStatus status;
-  std::ostringstream out;
-  NOC::NOCJsonTrafficSpecWriter::writeToJsonFile(out, spec, status);
-  return out.str();
+  return writtenTraffic(spec);
 }
 
 // The same switches, units and links as NOCMeshGenerator::makeMesh makes, in its order.

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <ctime>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -20,19 +19,13 @@
 
 namespace {
 
-double cpuSeconds() {
-  timespec now{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
 template <typename Work>
 double median(int runs, Work work) {
   std::vector<double> times;
   for (int i = 0; i < runs; ++i) {
-    double const start = cpuSeconds();
+    double const start = tarvo_bench::cpuSeconds();
     work();
-    times.push_back(cpuSeconds() - start);
+    times.push_back(tarvo_bench::cpuSeconds() - start);
   }
   std::sort(times.begin(), times.end());
   return times[times.size() / 2];
