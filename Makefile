@@ -36,8 +36,10 @@ FUZZ_SECONDS ?= 60
 fuzz-run: fuzz
 	scripts/fuzz.sh build/fuzz/fuzz $(FUZZ_SECONDS)
 
+# BENCH_SCALE below 1 shrinks the documents of the whole-process run.
+BENCH_SCALE ?= 1
 bench: build
-	scripts/bench.sh build/$(PRESET)/bench
+	scripts/bench.sh build/$(PRESET)/bench $(BENCH_SCALE)
 
 install: build
 	cmake --install build/$(PRESET) --prefix $(or $(PREFIX),/usr/local)

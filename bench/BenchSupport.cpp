@@ -22,13 +22,6 @@ namespace tarvo_bench {
 
 namespace {
 
-// CPU time of this thread: on a shared machine, wall time measures the neighbours too.
-double cpuSeconds() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
 template <typename Work>
 double fastest(int runs, Work work) {
   double best = std::numeric_limits<double>::max();
@@ -56,35 +49,44 @@ std::size_t statusBytes(std::string const& field) {
 
 }  // namespace
 
+double cpuSeconds() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+bool floorRead(std::string const& text, rapidjson::SchemaDocument const* schema) {
+  rapidjson::Document doc;
+  doc.Parse(text.c_str(), text.size());
+  if (doc.HasParseError()) return false;
+  if (!schema) return true;
+  rapidjson::SchemaValidator validator(*schema);
+  return doc.Accept(validator);
+}
+
+std::size_t floorWrite(rapidjson::Value const& doc, rapidjson::SchemaDocument const* schema) {
+  rapidjson::StringBuffer buffer;
+  rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(buffer);
+  writer.SetIndent(' ', 2);
+  if (schema) {
+    typedef JsonForwardingHandler<rapidjson::PrettyWriter<rapidjson::StringBuffer>> Forward;
+    Forward forward(&writer);
+    rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, Forward> validator(*schema, forward);
+    doc.Accept(validator);
+  } else {
+    doc.Accept(writer);
+  }
+  return buffer.GetSize();
+}
+
 double floorReadSeconds(std::string const& text, std::string const& schemaPath, int runs) {
   auto const schema = schemaOf(schemaPath);
-  return fastest(runs, [&] {
-    rapidjson::Document doc;
-    doc.Parse(text.c_str(), text.size());
-    if (schema) {
-      rapidjson::SchemaValidator validator(*schema);
-      benchmark::DoNotOptimize(doc.Accept(validator));
-    }
-    benchmark::DoNotOptimize(doc.HasParseError());
-  });
+  return fastest(runs, [&] { benchmark::DoNotOptimize(floorRead(text, schema.get())); });
 }
 
 double floorWriteSeconds(rapidjson::Value const& doc, std::string const& schemaPath, int runs) {
   auto const schema = schemaOf(schemaPath);
-  return fastest(runs, [&] {
-    rapidjson::StringBuffer buffer;
-    rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(buffer);
-    writer.SetIndent(' ', 2);
-    if (schema) {
-      typedef JsonForwardingHandler<rapidjson::PrettyWriter<rapidjson::StringBuffer>> Forward;
-      Forward forward(&writer);
-      rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, Forward> validator(*schema, forward);
-      benchmark::DoNotOptimize(doc.Accept(validator));
-    } else {
-      doc.Accept(writer);
-    }
-    benchmark::DoNotOptimize(buffer.GetSize());
-  });
+  return fastest(runs, [&] { benchmark::DoNotOptimize(floorWrite(doc, schema.get())); });
 }
 
 void measure(benchmark::State& state, std::size_t bytes, double floorSeconds, std::function<void()> const& body,

@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include <rapidjson/document.h>
+#include <rapidjson/schema.h>
 
 #include <chrono>
 #include <cstddef>
@@ -15,6 +16,16 @@
 // readers, the validated pretty write into a buffer for writers. An empty schema path means
 // the document has no schema, and the floor is the parse or write alone.
 namespace tarvo_bench {
+
+// CPU seconds of the calling thread: on a shared machine, wall time measures the neighbours too.
+double cpuSeconds();
+
+// One parse of `text` from memory, validated against `schema` unless it is null; true when
+// the text is valid.
+bool floorRead(std::string const& text, rapidjson::SchemaDocument const* schema);
+// One pretty write of `doc` into a buffer, through the validator of `schema` unless it is
+// null; the size of the text written.
+std::size_t floorWrite(rapidjson::Value const& doc, rapidjson::SchemaDocument const* schema);
 
 // Seconds of the fastest of `runs` parses (and validations) of `text` from memory.
 double floorReadSeconds(std::string const& text, std::string const& schemaPath, int runs = 3);

@@ -9,8 +9,8 @@
 #include <memory>
 #include <sstream>
 
+#include "BenchDocuments.h"
 #include "BenchSupport.h"
-#include "ColocationConstraints.h"
 #include "ComMsgMgr.h"
 #include "ConstrHandler.h"
 #include "ConstrReader.h"
@@ -21,68 +21,6 @@ namespace {
 using namespace kpe::constraints;
 
 int const kObjects = 20000;
-int const kNodesPerAreaGroup = 100;
-
-std::string node(int i) {
-  return "top/graph/kernel_" + std::to_string(i);
-}
-std::string port(int i) {
-  return "top/graph/kernel_" + std::to_string(i) + ".in[0]";
-}
-
-void addNode(ConstrHandler& store, int i) {
-  std::string const name = node(i);
-  if (i % 8 == 0) {
-    store.setTileConstr(name, i % 50, i % 8, PhysicalSpec::TILE);
-    store.addColocatedNodesConstr(BaseConstraint::NODE, name, {node(i + 2), node(i + 4)}, false);
-    store.getColocatedNodesConstr(name)->setColocatedSoftNode(node(i + 4), true);
-    store.setAttrConstr(BaseConstraint::NODE, name, "margin", i % 5);
-  } else {
-    store.setMemConstr(name, Address(i % 50, 1, 0, 64), Address(-1, -1, 1, 128));
-    store.addRelativeNodesConstr(BaseConstraint::NODE, name, {{node(i + 1), HDPoint<int>(1, 0)}});
-    store.setAttrConstr(BaseConstraint::NODE, name, "runtime", 0.25);
-  }
-}
-
-void addPort(ConstrHandler& store, int i) {
-  std::string const name = port(i);
-  if (i % 8 == 1) {
-    store.setBufferConstr(name, Address(i % 50, 2, 0, 0), Address(i % 50, 2, 1, 0), Address());
-    store.setStreamChannelConstr(name, i % 50, 0, 1, "North");
-    store.addColocatedPortsConstr(BaseConstraint::PORT, name, {port(i + 8)}, false);
-  } else {
-    store.setPortLocConstr(name, PhysicalSpec::SHIM, i % 50, 0, i % 2);
-    store.setStreamChannelConstr(name, 2, 3, "East");
-    store.addDmaFifoLocationConstr(BaseConstraint::PORT, name, PhysicalSpec::MEM, i % 50, 0, 256, 0, i % 4);
-  }
-}
-
-void addAreaGroup(ConstrHandler& store, int group) {
-  std::vector<std::string> nodes;
-  for (int i = group * kNodesPerAreaGroup; i < (group + 1) * kNodesPerAreaGroup; i += 4)
-    nodes.push_back(node(i));
-  json::TileSpec low;
-  low.setXY(group % 40, 0);
-  json::TileSpec high;
-  high.setXY(group % 40 + 9, 7);
-  json::ShimSpec shim;
-  shim.setColumn(group % 40);
-  std::vector<PhysicalRange> ranges = {PhysicalRange(low, high), PhysicalRange(shim, PhysicalSpec())};
-  store.addAreaGroupConstr("area_" + std::to_string(group), nodes, ranges, false, group % 2 == 0, true, false, false);
-}
-
-// Half the objects are nodes, three in eight are ports, one in eight are nets.
-void fill(ConstrHandler& store, int objects) {
-  for (int i = 0; i < objects; ++i) {
-    if (i % 8 < 4)
-      addNode(store, i);
-    else if (i % 8 < 7)
-      addPort(store, i);
-    else
-      store.setAttrConstr(BaseConstraint::NET, "net_" + std::to_string(i), "fifo_depth", 4);
-    if (i % kNodesPerAreaGroup == kNodesPerAreaGroup - 1) addAreaGroup(store, i / kNodesPerAreaGroup);
-  }
-}
 
 // The written document of `objects` objects, kept in a file for the reader to search.
 struct Document {
@@ -98,13 +36,8 @@ Document const& document(int objects) {
   static std::map<int, Document> documents;
   auto found = documents.find(objects);
   if (found != documents.end()) return found->second;
-  ConstrHandler store;
-  fill(store, objects);
-  std::ostringstream out;
-  ConstrWriter(store).write(out, "bench", true);
-  store.clear();
   Document& made = documents[objects];
-  made.text = out.str();
+  made.text = tarvo_bench::constraintsText(objects);
   made.file =
       (boost::filesystem::temp_directory_path() / boost::filesystem::unique_path("constraints-bench-%%%%%%%%.json"))
           .string();
@@ -145,7 +78,7 @@ void BM_ConstraintsRead(benchmark::State& state) {
   // The filled store alone, for comparison: most of the reader's peak is the model it fills.
   std::size_t const model = tarvo_bench::peakMemoryOf([] {
     ConstrHandler store;
-    fill(store, kObjects);
+    tarvo_bench::fillConstraints(store, kObjects);
     store.clear();
   });
   state.counters["model/text"] = static_cast<double>(model) / static_cast<double>(compact);
@@ -155,7 +88,7 @@ void BM_ConstraintsWrite(benchmark::State& state) {
   ComMsgMgr::setDefaultSinkEnabled(false);
   Document const& doc = document(kObjects);
   ConstrHandler store;
-  fill(store, kObjects);
+  tarvo_bench::fillConstraints(store, kObjects);
   rapidjson::Document parsed;
   parsed.Parse(doc.text.c_str(), doc.text.size());
   tarvo_bench::measure(state, doc.text.size(),

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "BenchDocuments.h"
 #include "BenchSupport.h"
 #include "KPEPrjMetaDataModel.h"
 
@@ -9,30 +10,8 @@ namespace {
 
 using Tarvo::Frameworks::KPEPrjMetaDataModel;
 
-int const kProperties = 100000;
-
-void fill(KPEPrjMetaDataModel& model) {
-  for (int i = 0; i < kProperties; ++i) {
-    std::string const name = "project.property." + std::to_string(i);
-    switch (i % 6) {
-      case 0: model.addBooleanProperty(name, i % 4 == 0); break;
-      case 1: model.addIntegrProperty(name, i * 7 - 300000); break;
-      case 2: model.addULongProperty(name, 5000000000ull + static_cast<unsigned long long>(i)); break;
-      case 3: model.addStringProperty(name, "value of property " + std::to_string(i)); break;
-      case 4: model.addDoubleProperty(name, i / 7.0); break;
-      default: model.addStringArrayProperty(name, {"a" + std::to_string(i), "b", "c"}); break;
-    }
-  }
-}
-
 std::string const& documentText() {
-  static std::string const text = [] {
-    KPEPrjMetaDataModel model;
-    fill(model);
-    std::ostringstream out;
-    model.writeToJSONStream(out);
-    return out.str();
-  }();
+  static std::string const text = tarvo_bench::metadataText();
   return text;
 }
 
@@ -55,7 +34,7 @@ void BM_MetadataRead(benchmark::State& state) {
 void BM_MetadataWrite(benchmark::State& state) {
   std::string const& text = documentText();
   KPEPrjMetaDataModel model;
-  fill(model);
+  tarvo_bench::fillMetadata(model);
   rapidjson::Document doc;
   doc.Parse(text.c_str(), text.size());
   tarvo_bench::measure(state, text.size(), tarvo_bench::floorWriteSeconds(doc, ""), [&] {

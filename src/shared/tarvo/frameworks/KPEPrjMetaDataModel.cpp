@@ -1,9 +1,13 @@
 #include "KPEPrjMetaDataModel.h"
 
+#include <cstdint>
 #include <istream>
+#include <limits>
+#include <string_view>
 
 #include <rapidjson/prettywriter.h>
 
+#include "../readwrite/JsonEventFrame.h"
 #include "HCRapidJsonReadWriteUtils.h"
 #include "JsonDocumentFrame.h"
 #include "JsonOutputStream.h"
@@ -17,7 +21,6 @@ std::string const KPE_PL_INTF_ID_STR = "KPE_PL_INTF_ID_STR";
 namespace {
 
 typedef HCRapidJsonReadWriteUtils Json;
-typedef JsonDocumentFrame::Value Value;
 
 char const* const kMetaData = "MetaData";
 char const* const kName = "name";
@@ -51,24 +54,130 @@ void writeValue(Writer& writer, boost::any const& value) {
   }
 }
 
-// The JSON kind of "value" decides the type, tested in this order; no match drops the item.
-bool readValue(Value const& item, boost::any& value) {
-  if (Json::IsStringProperty(item, kValue))
-    value = Json::GetStringProperty(item, kValue);
-  else if (Json::IsDoubleProperty(item, kValue))
-    value = Json::GetDoubleProperty(item, kValue);
-  else if (Json::IsIntegrProperty(item, kValue))
-    value = Json::GetIntegrProperty(item, kValue);
-  else if (Json::IsBooleanProperty(item, kValue))
-    value = Json::GetBooleanProperty(item, kValue);
-  else if (Json::IsULongProperty(item, kValue))
-    value = Json::GetULongProperty(item, kValue);
-  else if (Json::IsArrayProperty(item, kValue))
-    value = Json::GetStringArrayProperty(item, kValue);
-  else
-    return false;
-  return true;
-}
+// The properties of one document, collected event by event. Each value's type is decided as
+// the kind tests of a document tree decide it, in the order String, Double, Integer, Boolean,
+// Unsigned long, String array; only the first "name" and "value" of an item count, only the
+// first "MetaData" of the document, and a value of no such type drops its item.
+class MetaDataEvents {
+ public:
+  typedef std::map<std::string, boost::any> Properties;
+
+  Properties& read() { return m_read; }
+
+  void Null() { scalar(boost::any()); }
+  void Bool(bool b) { scalar(b); }
+  void Int(int i) { scalar(i); }
+  // The parser gives Uint below 2^32: the part that fits an int reads as an Integer.
+  void Uint(unsigned u) {
+    if (u <= static_cast<unsigned>(std::numeric_limits<int>::max()))
+      scalar(static_cast<int>(u));
+    else
+      scalar(static_cast<unsigned long long>(u));
+  }
+  // Only below the int range: neither an Integer nor an Unsigned long.
+  void Int64(std::int64_t) { scalar(boost::any()); }
+  void Uint64(std::uint64_t u) { scalar(static_cast<unsigned long long>(u)); }
+  void Double(double d) { scalar(d); }
+  void String(char const* s, rapidjson::SizeType n, bool) {
+    if (m_depth == kInValueArray && m_collecting) {
+      m_strings.emplace_back(s, n);
+      return;
+    }
+    if (m_depth == kInItem && m_slot == Slot::Name) {
+      m_name.assign(s, n);
+      m_slot = Slot::None;
+      return;
+    }
+    scalar(std::string(s, n));
+  }
+  void Key(char const* s, rapidjson::SizeType n, bool) {
+    std::string_view const key(s, n);
+    if (m_depth == kInRoot) {
+      m_nextIsItems = m_rootIsObject && !m_metaDataSeen && key == kMetaData;
+      if (m_nextIsItems) m_metaDataSeen = true;
+    } else if (m_depth == kInItem && m_inItem) {
+      m_slot = Slot::None;
+      if (key == kName && !m_nameSeen) {
+        m_nameSeen = true;
+        m_slot = Slot::Name;
+      } else if (key == kValue && !m_valueSeen) {
+        m_valueSeen = true;
+        m_slot = Slot::Value;
+      }
+    }
+  }
+  void StartObject() {
+    if (m_depth == 0) m_rootIsObject = true;
+    if (m_depth == kInItems && m_inItems) {
+      m_inItem = true;
+      m_nameSeen = m_valueSeen = false;
+      m_name.clear();
+      m_value = boost::any();
+    }
+    container();
+    ++m_depth;
+  }
+  void EndObject(rapidjson::SizeType) {
+    --m_depth;
+    if (m_depth == kInItems && m_inItem) {
+      m_inItem = false;
+      if (!m_value.empty()) m_read.insert_or_assign(m_read.end(), std::move(m_name), std::move(m_value));
+    }
+  }
+  void StartArray() {
+    if (m_depth == kInRoot && m_nextIsItems) m_inItems = true;
+    bool const values = m_depth == kInItem && m_inItem && m_slot == Slot::Value;
+    container();
+    if (values) {
+      m_collecting = true;
+      m_strings.clear();
+    }
+    ++m_depth;
+  }
+  void EndArray(rapidjson::SizeType) {
+    --m_depth;
+    if (m_depth == kInRoot) m_inItems = false;
+    if (m_depth == kInItem && m_collecting) {
+      m_collecting = false;
+      m_value = std::move(m_strings);
+      m_strings = std::vector<std::string>();
+    }
+  }
+
+ private:
+  enum class Slot { None, Name, Value };
+  // Depths of the containers open around an event.
+  static constexpr unsigned kInRoot = 1;
+  static constexpr unsigned kInItems = 2;
+  static constexpr unsigned kInItem = 3;
+  static constexpr unsigned kInValueArray = 4;
+
+  // A value that is no string or array of strings: a name of another type reads as empty.
+  void scalar(boost::any value) {
+    if (m_depth == kInRoot) m_nextIsItems = false;
+    if (m_depth != kInItem || !m_inItem) return;
+    if (m_slot == Slot::Name) m_name.clear();
+    if (m_slot == Slot::Value) m_value = std::move(value);
+    m_slot = Slot::None;
+  }
+  // An object or array met where a name or value was due: both read as nothing.
+  void container() { scalar(boost::any()); }
+
+  Properties m_read;
+  unsigned m_depth = 0;
+  bool m_rootIsObject = false;
+  bool m_metaDataSeen = false;
+  bool m_nextIsItems = false;
+  bool m_inItems = false;
+  bool m_inItem = false;
+  bool m_nameSeen = false;
+  bool m_valueSeen = false;
+  bool m_collecting = false;
+  Slot m_slot = Slot::None;
+  std::string m_name;
+  boost::any m_value;
+  std::vector<std::string> m_strings;
+};
 
 }  // namespace
 
@@ -194,18 +303,21 @@ void KPEPrjMetaDataModel::writeToJSONFile(std::string const& fileName) const {
   });
 }
 
+// Event by event: a document tree of the text would cost more than the store it fills. The
+// store is touched only once the whole text parsed.
 void KPEPrjMetaDataModel::readFromJSONStream(std::string const& fileName, std::istream& in) {
   if (in.fail()) Json::errorReadingJsonFile(fileName);
-  JsonDocumentFrame::Document doc;
-  JsonDocumentFrame::parse(in, fileName, doc);
-  if (!doc.IsObject()) return;
-  Value::ConstMemberIterator const items = doc.FindMember(kMetaData);
-  if (items == doc.MemberEnd() || !items->value.IsArray()) return;
-  for (Value const& item : items->value.GetArray()) {
-    boost::any value;
-    // Documents list names in ascending order, so the end is almost always the right place.
-    if (readValue(item, value))
-      m_properties.insert_or_assign(m_properties.end(), Json::GetStringProperty(item, kName), std::move(value));
+  MetaDataEvents events;
+  JsonEventFrame::parse(in, fileName, events);
+  MetaDataEvents::Properties& read = events.read();
+  if (m_properties.empty()) {
+    m_properties.swap(read);
+    return;
+  }
+  // The document's value wins over the store's, moved over node by node.
+  while (!read.empty()) {
+    auto placed = m_properties.insert(read.extract(read.begin()));
+    if (!placed.inserted) placed.position->second = std::move(placed.node.mapped());
   }
 }
 

@@ -36,6 +36,10 @@ class JsonEventFrame {
   // only the valid beginning of the text.
   template <typename Handler>
   static void load(std::istream& in, std::string const& fileName, std::string const& schemaPath, Handler& handler);
+  // The same for a document that has no schema: every event goes to `handler` as it comes.
+  // Reports as JsonDocumentFrame::parse.
+  template <typename Handler>
+  static void parse(std::istream& in, std::string const& fileName, Handler& handler);
 
   // Sends events into a validator whose output is a pretty writer; after the first refused
   // event nothing more is sent, so the text stops at the first invalid value.
@@ -51,6 +55,9 @@ class JsonEventFrame {
  private:
   template <typename Handler>
   class ValidatingSplitter;
+  // Parses `in` into `splitter`; reports a syntax error or nesting too deep.
+  template <typename Splitter>
+  static void parseInto(tarvo::jsonio::JsonInputStream& stream, std::string const& fileName, Splitter& splitter);
   typedef rapidjson::PrettyWriter<tarvo::jsonio::JsonOutputStream> PrettyWriter;
 };
 
@@ -134,7 +141,6 @@ template <typename Handler>
 void JsonEventFrame::load(std::istream& in, std::string const& fileName, std::string const& schemaPath,
                           Handler& handler) {
   typedef HCRapidJsonReadWriteUtils Json;
-  typedef tarvo::jsonio::JsonParse JsonParse;
   std::unique_ptr<rapidjson::SchemaDocument> schema;
   std::exception_ptr schemaFailure;
   try {
@@ -146,14 +152,29 @@ void JsonEventFrame::load(std::istream& in, std::string const& fileName, std::st
   if (schema) validator = std::make_unique<rapidjson::SchemaValidator>(*schema);
   ValidatingSplitter<Handler> splitter(validator.get(), schema ? &handler : nullptr);
   tarvo::jsonio::JsonInputStream stream(in);
-  rapidjson::Reader reader;
-  rapidjson::ParseResult result = reader.Parse<rapidjson::kParseDefaultFlags>(stream, splitter);
-  if (splitter.tooDeep()) JsonParse::markTooDeep(result);
-  if (result.IsError()) Json::errorParsingJsonFile(fileName, JsonParse::errorText(result, stream));
+  parseInto(stream, fileName, splitter);
   if (schemaFailure) std::rethrow_exception(schemaFailure);
   if (!splitter.valid())
     Json::errorParsingJsonFile(fileName,
                                tarvo::jsonio::JsonPointerText::uriFragment(validator->GetInvalidDocumentPointer()));
+}
+
+template <typename Handler>
+void JsonEventFrame::parse(std::istream& in, std::string const& fileName, Handler& handler) {
+  ValidatingSplitter<Handler> splitter(nullptr, &handler);
+  tarvo::jsonio::JsonInputStream stream(in);
+  parseInto(stream, fileName, splitter);
+}
+
+template <typename Splitter>
+void JsonEventFrame::parseInto(tarvo::jsonio::JsonInputStream& stream, std::string const& fileName,
+                               Splitter& splitter) {
+  typedef HCRapidJsonReadWriteUtils Json;
+  typedef tarvo::jsonio::JsonParse JsonParse;
+  rapidjson::Reader reader;
+  rapidjson::ParseResult result = reader.Parse<rapidjson::kParseDefaultFlags>(stream, splitter);
+  if (splitter.tooDeep()) JsonParse::markTooDeep(result);
+  if (result.IsError()) Json::errorParsingJsonFile(fileName, JsonParse::errorText(result, stream));
 }
 
 // Keeps the member and element counts that the closing events carry.

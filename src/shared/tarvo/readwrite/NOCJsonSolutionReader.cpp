@@ -1,5 +1,9 @@
 #include "NOCJsonSolutionReader.h"
 
+#include <array>
+#include <climits>
+#include <cstdint>
+#include <cstring>
 #include <istream>
 #include <stdexcept>
 #include <vector>
@@ -8,15 +12,13 @@
 #include "CompRes.h"
 #include "HCRapidJsonReadWriteUtils.h"
 #include "HIPLogicalObjectNameResolverInterface.h"
-#include "JsonDocumentFrame.h"
-#include "JsonMembers.h"
+#include "JsonEventFrame.h"
 #include "NOCJsonEnumTexts.h"
 #include "NOCJsonReadWriteUtils.h"
 #include "NOCSolutionDocumentKeys.h"
 #include "StringScan.h"
 #include "TrafficSpec.h"
 
-using tarvo::jsonio::JsonMembers;
 using tarvo::jsonio::StringScan;
 using namespace DevHrdIP::Definitions;
 using DevHrdIP::Component;
@@ -30,12 +32,51 @@ using HrdIPToolCntr::TrafficPath;
 using HrdIPToolCntr::TrafficSpec;
 
 typedef HCRapidJsonReadWriteUtils Json;
-typedef JsonDocumentFrame::Value Value;
 typedef NOCSolutionDocumentKeys Keys;
 
 namespace NOC {
 
 namespace {
+
+// The document is read in one pass and staged; the result is only touched once the whole
+// text has proved valid, and then in the order a walk over a document tree took: the dest-id
+// lock, every path, every component. Of two equal keys of an object the first counts. The
+// links a route names are looked up in the device as they come, which touches nothing but
+// keeps the millions of names of a large solution out of memory.
+
+// One number as the parser gave it, read by the rules of a document tree: an Integer fits 32
+// bits signed, an Unsigned long 64 bits unsigned.
+struct Number {
+  enum Kind { None, Signed, Unsigned, Real };
+  Kind kind = None;
+  std::int64_t signedValue = 0;
+  std::uint64_t unsignedValue = 0;
+  double real = 0.0;
+
+  int integer() const {
+    if (kind == Signed && signedValue >= INT_MIN && signedValue <= INT_MAX) return static_cast<int>(signedValue);
+    if (kind == Unsigned && unsignedValue <= static_cast<std::uint64_t>(INT_MAX))
+      return static_cast<int>(unsignedValue);
+    // A number written with a fraction within range reads as its integer part.
+    if (kind == Real && real > -2147483649.0 && real < 2147483648.0) return static_cast<int>(real);
+    return 0;
+  }
+  bool isULong() const { return kind == Unsigned || (kind == Signed && signedValue >= 0); }
+  std::uint64_t ulong() const { return kind == Unsigned ? unsignedValue : static_cast<std::uint64_t>(signedValue); }
+};
+
+// What a net names: its type and figures, and the links of its route found in the device.
+struct StagedNet {
+  int type = Keys::commTypeOf("");
+  Number vc;
+  Number achievedBW;
+  Number achievedLatency;
+  bool hasConnections = false;
+  std::size_t names = 0;      // elements of "Connections"
+  std::size_t firstLink = 0;  // into SolutionStage::m_links
+  std::size_t linkCount = 0;
+  int missing = -1;  // the link not found, into SolutionStage::m_missing
+};
 
 // What a path of the document names, in the order of its keys.
 struct PathEntry {
@@ -43,57 +84,318 @@ struct PathEntry {
   bool fromLocked = false;
   std::string to;
   bool toLocked = false;
-  PORT_TYPE port = PORT_INVALID;
-  uint32_t readAchievedBW = 0;
-  uint32_t writeAchievedBW = 0;
-  int readLatency = 0;
-  int writeLatency = 0;
+  std::string port;
+  Number readAchievedBW;
+  Number writeAchievedBW;
+  Number readLatency;
+  Number writeLatency;
   bool pathLocked = false;
+  std::size_t firstNet = 0;  // into SolutionStage::m_nets
+  std::size_t netCount = 0;
 };
 
-// One reading of one document.
-class SolutionDocumentReader {
+struct StagedComponent {
+  std::string name;
+  bool hasTrafficLInst = false;
+  std::string trafficLInst;
+  Number destId;
+  Number portIndex;
+};
+
+// The keys the reader takes, each object's in its own range of bits so that the first of
+// two equal keys is told from the second.
+enum Field {
+  NoField = -1,
+  RootLockAll,
+  RootPaths,
+  RootComponents,
+  PathFrom,
+  PathFromLocked,
+  PathTo,
+  PathToLocked,
+  PathPort,
+  PathReadAchievedBW,
+  PathWriteAchievedBW,
+  PathReadLatency,
+  PathWriteLatency,
+  PathLocked,
+  PathNets,
+  NetCommType,
+  NetVC,
+  NetAchievedBW,
+  NetAchievedLatency,
+  NetConnections,
+  ComponentName,
+  ComponentTrafficLInst,
+  ComponentDestId,
+  ComponentPortIndex
+};
+
+struct FieldKey {
+  std::string const& key;
+  Field field;
+};
+
+// The keys of one kind of object.
+template <std::size_t N>
+Field fieldOf(FieldKey const (&keys)[N], char const* text, std::size_t size) {
+  for (FieldKey const& key : keys)
+    if (key.key.size() == size && std::memcmp(key.key.data(), text, size) == 0) return key.field;
+  return NoField;
+}
+
+FieldKey const kRootKeys[] = {
+    {Keys::lockAllDestIds, RootLockAll}, {Keys::paths, RootPaths}, {Keys::components, RootComponents}};
+FieldKey const kPathKeys[] = {{Keys::from, PathFrom},
+                              {Keys::fromLocked, PathFromLocked},
+                              {Keys::to, PathTo},
+                              {Keys::toLocked, PathToLocked},
+                              {Keys::port, PathPort},
+                              {Keys::readAchievedBW, PathReadAchievedBW},
+                              {Keys::writeAchievedBW, PathWriteAchievedBW},
+                              {Keys::readLatency, PathReadLatency},
+                              {Keys::writeLatency, PathWriteLatency},
+                              {Keys::pathLocked, PathLocked},
+                              {Keys::nets, PathNets}};
+FieldKey const kNetKeys[] = {{Keys::commType, NetCommType},
+                             {Keys::vc, NetVC},
+                             {Keys::achievedBW, NetAchievedBW},
+                             {Keys::achievedLatency, NetAchievedLatency},
+                             {Keys::connections, NetConnections}};
+FieldKey const kComponentKeys[] = {{Keys::name, ComponentName},
+                                   {Keys::trafficLInst, ComponentTrafficLInst},
+                                   {Keys::destId, ComponentDestId},
+                                   {Keys::portIndex, ComponentPortIndex}};
+
+// Collects the events of one document.
+class SolutionStage {
  public:
-  SolutionDocumentReader(std::string const& fileName, HIPLogicalObjectNameResolverInterface& resolver,
-                         TrafficSpec const& spec, CompRes& result)
+  explicit SolutionStage(NOCModel const* noc) : m_noc(noc) {}
+
+  void Null() { scalar(); }
+  void Bool(bool b) {
+    if (m_field == RootLockAll) m_lockAll = b;
+    if (m_field == PathFromLocked) m_paths.back().fromLocked = b;
+    if (m_field == PathToLocked) m_paths.back().toLocked = b;
+    if (m_field == PathLocked) m_paths.back().pathLocked = b;
+    scalar();
+  }
+  void Int(int i) { number(Number{Number::Signed, i, 0, 0.0}); }
+  void Uint(unsigned u) { number(Number{Number::Unsigned, 0, u, 0.0}); }
+  void Int64(std::int64_t i) { number(Number{Number::Signed, i, 0, 0.0}); }
+  void Uint64(std::uint64_t u) { number(Number{Number::Unsigned, 0, u, 0.0}); }
+  void Double(double d) { number(Number{Number::Real, 0, 0, d}); }
+  void String(char const* s, rapidjson::SizeType n, bool) {
+    if (m_depth == kInConnections && m_inConnections) {
+      m_quad[m_nets.back().names % 4].assign(s, n);
+      connectionName();
+      return;
+    }
+    switch (m_field) {
+      case PathFrom:
+        m_paths.back().from.assign(s, n);
+        break;
+      case PathTo:
+        m_paths.back().to.assign(s, n);
+        break;
+      case PathPort:
+        m_paths.back().port.assign(s, n);
+        break;
+      case NetCommType:
+        m_nets.back().type = Keys::commTypeOf(std::string(s, n));
+        break;
+      case ComponentName:
+        m_components.back().name.assign(s, n);
+        break;
+      case ComponentTrafficLInst:
+        m_components.back().trafficLInst.assign(s, n);
+        break;
+      default:
+        break;
+    }
+    scalar();
+  }
+  void Key(char const* s, rapidjson::SizeType n, bool) {
+    m_field = NoField;
+    Field field = NoField;
+    if (m_depth == kInRoot)
+      field = fieldOf(kRootKeys, s, n);
+    else if (m_depth == kInElement && m_inPaths)
+      field = fieldOf(kPathKeys, s, n);
+    else if (m_depth == kInNet && m_inNets)
+      field = fieldOf(kNetKeys, s, n);
+    else if (m_depth == kInElement && m_inComponents)
+      field = fieldOf(kComponentKeys, s, n);
+    if (field == NoField) return;
+    std::uint32_t const bit = 1u << field;
+    std::uint32_t& seen = m_depth == kInRoot ? m_rootSeen : m_objectSeen;
+    if (seen & bit) return;
+    seen |= bit;
+    m_field = field;
+    if (field == ComponentTrafficLInst) m_components.back().hasTrafficLInst = true;
+  }
+  void StartObject() {
+    if (m_depth == kInSection && m_inPaths) {
+      m_paths.emplace_back();
+      m_paths.back().firstNet = m_nets.size();
+      m_objectSeen = 0;
+    } else if (m_depth == kInSection && m_inComponents) {
+      m_components.emplace_back();
+      m_objectSeen = 0;
+    } else if (m_depth == kInNets && m_inNets) {
+      m_nets.emplace_back();
+      m_nets.back().firstLink = m_links.size();
+      m_pathSeen = m_objectSeen;
+      m_objectSeen = 0;
+    }
+    element();
+    ++m_depth;
+  }
+  void EndObject(rapidjson::SizeType) {
+    --m_depth;
+    if (m_depth == kInNets && m_inNets) {
+      m_objectSeen = m_pathSeen;
+      ++m_paths.back().netCount;
+    }
+  }
+  void StartArray() {
+    Field const field = m_field;
+    element();
+    ++m_depth;
+    if (field == RootPaths) m_inPaths = true;
+    if (field == RootComponents) m_inComponents = true;
+    if (field == PathNets) m_inNets = true;
+    if (field == NetConnections) {
+      m_inConnections = true;
+      m_nets.back().hasConnections = true;
+    }
+  }
+  void EndArray(rapidjson::SizeType) {
+    --m_depth;
+    if (m_depth == kInRoot) m_inPaths = m_inComponents = false;
+    if (m_depth == kInElement) m_inNets = false;
+    if (m_depth == kInNet) m_inConnections = false;
+  }
+
+  bool m_lockAll = false;
+  std::vector<PathEntry> m_paths;
+  std::vector<StagedNet> m_nets;
+  std::vector<Link const*> m_links;
+  std::vector<std::array<std::string, 4>> m_missing;
+  std::vector<StagedComponent> m_components;
+
+ private:
+  // Depths of the containers open around an event.
+  static constexpr unsigned kInRoot = 1;
+  static constexpr unsigned kInSection = 2;
+  static constexpr unsigned kInElement = 3;
+  static constexpr unsigned kInNets = 4;
+  static constexpr unsigned kInNet = 5;
+  static constexpr unsigned kInConnections = 6;
+
+  void number(Number const& value) {
+    switch (m_field) {
+      case PathReadAchievedBW:
+        m_paths.back().readAchievedBW = value;
+        break;
+      case PathWriteAchievedBW:
+        m_paths.back().writeAchievedBW = value;
+        break;
+      case PathReadLatency:
+        m_paths.back().readLatency = value;
+        break;
+      case PathWriteLatency:
+        m_paths.back().writeLatency = value;
+        break;
+      case NetVC:
+        m_nets.back().vc = value;
+        break;
+      case NetAchievedBW:
+        m_nets.back().achievedBW = value;
+        break;
+      case NetAchievedLatency:
+        m_nets.back().achievedLatency = value;
+        break;
+      case ComponentDestId:
+        m_components.back().destId = value;
+        break;
+      case ComponentPortIndex:
+        m_components.back().portIndex = value;
+        break;
+      default:
+        break;
+    }
+    scalar();
+  }
+  // A value other than a string of a route: as an element of "Connections" it names nothing.
+  void scalar() {
+    if (m_depth == kInConnections && m_inConnections) {
+      m_quad[m_nets.back().names % 4].clear();
+      connectionName();
+    }
+    m_field = NoField;
+  }
+  // An object or array starting: a value where a key was due, or an element of a route.
+  void element() { scalar(); }
+
+  // Every fourth name of a route completes a link, looked up until one is missing.
+  void connectionName() {
+    StagedNet& net = m_nets.back();
+    if (++net.names % 4 != 0 || net.missing >= 0) return;
+    Link const* previous = net.linkCount > 0 ? m_links.back() : nullptr;
+    Link const* link = findLink(previous);
+    if (link == nullptr) {
+      net.missing = static_cast<int>(m_missing.size());
+      m_missing.push_back({m_quad[0], m_quad[1], m_quad[2], m_quad[3]});
+      return;
+    }
+    m_links.push_back(link);
+    ++net.linkCount;
+  }
+
+  // The link between the ports that m_quad names. A route mostly goes on from where the last
+  // link ended, and then that component need not be looked up by name.
+  Link const* findLink(Link const* previous) const {
+    if (previous != nullptr && previous->getDstComponent()->getName() == m_quad[0])
+      return previous->getDstComponent()->getOutgoingLink(m_quad[1], m_quad[2], m_quad[3]);
+    return m_noc ? m_noc->getLinkBetween(m_quad[0], m_quad[1], m_quad[2], m_quad[3]) : nullptr;
+  }
+
+  NOCModel const* m_noc;
+  unsigned m_depth = 0;
+  Field m_field = NoField;
+  bool m_inPaths = false;
+  bool m_inComponents = false;
+  bool m_inNets = false;
+  bool m_inConnections = false;
+  std::uint32_t m_rootSeen = 0;
+  std::uint32_t m_objectSeen = 0;
+  std::uint32_t m_pathSeen = 0;  // the path's keys while one of its nets is read
+  std::string m_quad[4];
+};
+
+// Puts a staged document into the result.
+class SolutionCommit {
+ public:
+  SolutionCommit(std::string const& fileName, HIPLogicalObjectNameResolverInterface& resolver, TrafficSpec const& spec,
+                 CompRes& result, SolutionStage const& stage)
       : m_fileName(fileName),
         m_resolver(resolver),
         m_spec(spec),
         m_result(result),
-        m_noc(result.getDevice().getNOCModel()) {}
+        m_noc(result.getDevice().getNOCModel()),
+        m_stage(stage) {}
 
-  void read(Value const& root) {
+  void commit() {
     // "SolutionType" is the compiler's own verdict; the state of the result is not taken from it.
-    bool const lockAll =
-        Json::IsBooleanProperty(root, Keys::lockAllDestIds) && Json::GetBooleanProperty(root, Keys::lockAllDestIds);
-    m_result.setHasLockedDestIdsForAllComps(lockAll);
-    if (Value const* paths = JsonMembers::findArray(root, Keys::paths))
-      for (Value const& path : paths->GetArray())
-        readPath(path);
-    if (Value const* components = JsonMembers::findArray(root, Keys::components))
-      for (Value const& component : components->GetArray())
-        readComponent(component);
+    m_result.setHasLockedDestIdsForAllComps(m_stage.m_lockAll);
+    for (PathEntry const& path : m_stage.m_paths)
+      readPath(path);
+    for (StagedComponent const& component : m_stage.m_components)
+      readComponent(component);
   }
 
  private:
-  static PathEntry pathEntry(Value const& object) {
-    PathEntry entry;
-    entry.from = Json::GetStringProperty(object, Keys::from);
-    entry.fromLocked = Json::GetBooleanProperty(object, Keys::fromLocked);
-    entry.to = Json::GetStringProperty(object, Keys::to);
-    entry.toLocked = Json::GetBooleanProperty(object, Keys::toLocked);
-    entry.port = portTypeFromText(Json::GetStringProperty(object, Keys::port));
-    // A written -1 is no unsigned value and reads as 0.
-    if (Json::IsULongProperty(object, Keys::readAchievedBW))
-      entry.readAchievedBW = static_cast<uint32_t>(Json::GetULongProperty(object, Keys::readAchievedBW));
-    if (Json::IsULongProperty(object, Keys::writeAchievedBW))
-      entry.writeAchievedBW = static_cast<uint32_t>(Json::GetULongProperty(object, Keys::writeAchievedBW));
-    entry.readLatency = Json::GetIntegrProperty(object, Keys::readLatency);
-    entry.writeLatency = Json::GetIntegrProperty(object, Keys::writeLatency);
-    entry.pathLocked = Json::GetBooleanProperty(object, Keys::pathLocked);
-    return entry;
-  }
-
   // Names of the document to names of the traffic specification. Error slaves keep their names
   // unless the translation lies in a reconfigurable partition.
   std::string translate(std::string const& name) const {
@@ -126,32 +428,35 @@ class SolutionDocumentReader {
     return instance;
   }
 
-  void readPath(Value const& object) {
-    PathEntry const entry = pathEntry(object);
+  void readPath(PathEntry const& entry) {
     TrafficLInst const* master = findEnd(translate(entry.from), true);
     TrafficLInst const* slave = findEnd(translate(entry.to), false);
+    PORT_TYPE const port = portTypeFromText(entry.port);
     std::vector<TrafficNet const*> const candidates = m_spec.getNets(master, slave);
     uint32_t readLatencySum = 0;
     uint32_t writeLatencySum = 0;
     TrafficPath const* current = nullptr;
-    if (Value const* nets = JsonMembers::findArray(object, Keys::nets)) {
-      for (Value const& net : nets->GetArray()) {
-        int const type = Keys::commTypeOf(Json::GetStringProperty(net, Keys::commType));
-        TrafficNet const* match = lastMatch(candidates, type, entry.port);
-        if (match == nullptr) continue;
-        current = match->getPath();
-        uint32_t const latency = static_cast<uint32_t>(Json::GetIntegrProperty(net, Keys::achievedLatency));
-        (type == TrafficNet::READ || type == TrafficNet::READ_REQ ? readLatencySum : writeLatencySum) += latency;
-        m_result.addRoute(match, links(net), static_cast<unsigned char>(Json::GetIntegrProperty(net, Keys::vc)),
-                          static_cast<unsigned int>(Json::GetIntegrProperty(net, Keys::achievedBW)), entry.pathLocked);
-        if (entry.pathLocked) continue;
-        if (entry.fromLocked) m_result.lockLogicalInst(master);
-        if (entry.toLocked) m_result.lockLogicalInst(slave);
-      }
+    for (std::size_t n = entry.firstNet; n < entry.firstNet + entry.netCount; ++n) {
+      StagedNet const& net = m_stage.m_nets[n];
+      TrafficNet const* match = lastMatch(candidates, net.type, port);
+      if (match == nullptr) continue;
+      current = match->getPath();
+      uint32_t const latency = static_cast<uint32_t>(net.achievedLatency.integer());
+      (net.type == TrafficNet::READ || net.type == TrafficNet::READ_REQ ? readLatencySum : writeLatencySum) += latency;
+      m_result.addRoute(match, links(net), static_cast<unsigned char>(net.vc.integer()),
+                        static_cast<unsigned int>(net.achievedBW.integer()), entry.pathLocked);
+      if (entry.pathLocked) continue;
+      if (entry.fromLocked) m_result.lockLogicalInst(master);
+      if (entry.toLocked) m_result.lockLogicalInst(slave);
     }
+    // A written -1 is no unsigned value and reads as 0.
+    uint32_t const readAchievedBW =
+        entry.readAchievedBW.isULong() ? static_cast<uint32_t>(entry.readAchievedBW.ulong()) : 0;
+    uint32_t const writeAchievedBW =
+        entry.writeAchievedBW.isULong() ? static_cast<uint32_t>(entry.writeAchievedBW.ulong()) : 0;
     // With no matching net the record goes under no path, as the tools have always done.
-    if (entry.readLatency != 0) m_result.setPathReadAchieved(current, readLatencySum, entry.readAchievedBW);
-    if (entry.writeLatency != 0) m_result.setPathWriteAchieved(current, writeLatencySum, entry.writeAchievedBW);
+    if (entry.readLatency.integer() != 0) m_result.setPathReadAchieved(current, readLatencySum, readAchievedBW);
+    if (entry.writeLatency.integer() != 0) m_result.setPathWriteAchieved(current, writeLatencySum, writeAchievedBW);
   }
 
   // Of the nets between the ends, the last of the type that leads to the port.
@@ -161,62 +466,42 @@ class SolutionDocumentReader {
     return nullptr;
   }
 
-  std::vector<Link const*> links(Value const& net) {
-    std::vector<Link const*> route;
-    Value const* connections = JsonMembers::findArray(net, Keys::connections);
-    if (connections == nullptr) return route;
-    rapidjson::SizeType const count = connections->Size();
-    if (count % 4 != 0)
-      Json::errorParsingJsonFile(m_fileName, "\"Connections\" holds " + std::to_string(count) +
+  std::vector<Link const*> links(StagedNet const& net) const {
+    if (!net.hasConnections) return {};
+    if (net.names % 4 != 0)
+      Json::errorParsingJsonFile(m_fileName, "\"Connections\" holds " + std::to_string(net.names) +
                                                  " names, which is no whole number of links of four names each");
-    route.reserve(count / 4);
-    for (rapidjson::SizeType i = 0; i < count; i += 4) {
-      for (rapidjson::SizeType k = 0; k < 4; ++k)
-        assignText((*connections)[i + k], m_quad[k]);
-      Link const* link = findLink();
-      if (link == nullptr)
-        throw std::runtime_error("No Connection between " + m_quad[0] + " " + m_quad[1] + " to " + m_quad[2] + " " +
-                                 m_quad[3] + "\nDevice Model version mismatch!" +
-                                 "\nPlease make sure checkpoint and Brelum versions match!");
-      route.push_back(link);
+    if (net.missing >= 0) {
+      std::array<std::string, 4> const& quad = m_stage.m_missing[static_cast<std::size_t>(net.missing)];
+      throw std::runtime_error("No Connection between " + quad[0] + " " + quad[1] + " to " + quad[2] + " " + quad[3] +
+                               "\nDevice Model version mismatch!" +
+                               "\nPlease make sure checkpoint and Brelum versions match!");
     }
-    return route;
+    auto const first = m_stage.m_links.begin() + static_cast<std::ptrdiff_t>(net.firstLink);
+    return std::vector<Link const*>(first, first + static_cast<std::ptrdiff_t>(net.linkCount));
   }
 
-  // The link between the ports that m_quad names, through the NoC model's own look-up.
-  Link const* findLink() const {
-    return m_noc ? m_noc->getLinkBetween(m_quad[0], m_quad[1], m_quad[2], m_quad[3]) : nullptr;
-  }
-
-  // Reuses the string's storage: a large solution names millions of ports.
-  static void assignText(Value const& value, std::string& text) {
-    if (value.IsString())
-      text.assign(value.GetString(), value.GetStringLength());
-    else
-      text.clear();
-  }
-
-  void readComponent(Value const& object) {
-    std::string const name = Json::GetStringProperty(object, Keys::name);
-    Component const* component = m_noc ? m_noc->getComponent(name) : nullptr;
+  void readComponent(StagedComponent const& staged) {
+    Component const* component = m_noc ? m_noc->getComponent(staged.name) : nullptr;
     if (component == nullptr) {
-      ComMsgMgr::sendMsg::eval(1, __FILE__, __LINE__, "tarvo", ComMsgMgr::MSG_CRITICAL_WARNING, "@75-184@%s", name);
+      ComMsgMgr::sendMsg::eval(1, __FILE__, __LINE__, "tarvo", ComMsgMgr::MSG_CRITICAL_WARNING, "@75-184@%s",
+                               staged.name);
       return;
     }
     CompRole const role = component->getRole();
-    if ((role == ROLE_MASTER || role == ROLE_SLAVE) && object.HasMember(Keys::trafficLInst.c_str())) {
-      std::string const text = Json::GetStringProperty(object, Keys::trafficLInst);
+    if ((role == ROLE_MASTER || role == ROLE_SLAVE) && staged.hasTrafficLInst) {
+      std::string const& text = staged.trafficLInst;
       std::string const translated = translate(text);
       std::string const& instanceName = translated.empty() ? text : translated;
       TrafficLInst const* instance =
           role == ROLE_MASTER ? m_spec.getLogicalMaster(instanceName) : m_spec.getLogicalSlave(instanceName);
       m_result.bindLogicalToPhysical(instance, component);
     }
-    DestIdRepr const destId(static_cast<uint16_t>(Json::GetIntegrProperty(object, Keys::destId)));
+    DestIdRepr const destId(static_cast<uint16_t>(staged.destId.integer()));
     // A memory controller's id belongs to the port at the index; an index beyond its ports
     // raises std::out_of_range.
     if (component->hasPorts())
-      component = component->getPorts().at(static_cast<std::size_t>(Json::GetIntegrProperty(object, Keys::portIndex)));
+      component = component->getPorts().at(static_cast<std::size_t>(staged.portIndex.integer()));
     m_result.setComponentDestId(component, destId);
   }
 
@@ -225,7 +510,7 @@ class SolutionDocumentReader {
   TrafficSpec const& m_spec;
   CompRes& m_result;
   NOCModel const* m_noc;
-  std::string m_quad[4];
+  SolutionStage const& m_stage;
 };
 
 }  // namespace
@@ -238,10 +523,9 @@ bool NOCJsonSolutionReader::readFromJsonFile(std::istream& in, std::string const
                                              HIPLogicalObjectNameResolverInterface& resolver, TrafficSpec const& spec,
                                              CompRes& result, HDGUIStatus&) {
   if (in.fail()) Json::errorReadingJsonFile(fileName);
-  JsonDocumentFrame::Document doc;
-  JsonDocumentFrame::load(in, fileName, NOCJsonReadWriteUtils::getSolutionJsonSchemaFile(),
-                          JsonDocumentFrame::Opener::AutoDetect, doc);
-  SolutionDocumentReader(fileName, resolver, spec, result).read(doc);
+  SolutionStage stage(result.getDevice().getNOCModel());
+  JsonEventFrame::load(in, fileName, NOCJsonReadWriteUtils::getSolutionJsonSchemaFile(), stage);
+  SolutionCommit(fileName, resolver, spec, result, stage).commit();
   return true;
 }
 
