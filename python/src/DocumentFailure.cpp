@@ -2,6 +2,8 @@
 
 #include "HEXAll.h"
 
+namespace tarvo_python {
+
 void DocumentFailure::guard(std::string const& file, std::function<void()> const& work) {
   try {
     work();
@@ -35,3 +37,5 @@ DocumentFailure DocumentFailure::refused(std::vector<CapturedMessage> const& mes
   failure.text = failure.what();
   return failure;
 }
+
+}  // namespace tarvo_python

@@ -9,6 +9,8 @@
 
 #include "MessageCapture.h"
 
+namespace tarvo_python {
+
 // A read or write that failed, with what is known of the place. The extension turns it into
 // tarvo.DocumentError.
 class DocumentFailure : public std::runtime_error {
@@ -31,5 +33,7 @@ class DocumentFailure : public std::runtime_error {
   std::string text;     // the message without severity and id
   std::string pointer;  // JSON pointer of the failing value, when known
 };
+
+}  // namespace tarvo_python
 
 #endif

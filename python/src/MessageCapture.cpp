@@ -5,6 +5,8 @@
 #include "ComMsgMgr.h"
 #include "ComMsgMgrInstance.h"
 
+namespace tarvo_python {
+
 MessagePlace::MessagePlace(ComMsgMgrInstance const& message) {
   for (auto const& meta : message.getMetaTypes()) {
     if (meta.type == ComMsgMgr::META_FILE) file = meta.value;
@@ -28,3 +30,5 @@ MessageCapture::~MessageCapture() {
   ComMsgMgr::removeSink(m_sink);
   ComMsgMgr::setDefaultSinkEnabled(true);
 }
+
+}  // namespace tarvo_python

@@ -7,6 +7,8 @@
 
 class ComMsgMgrInstance;
 
+namespace tarvo_python {
+
 // Where a message places itself in a document: the file, line and column that the reader
 // attached to it, or nothing.
 struct MessagePlace {
@@ -43,5 +45,7 @@ class MessageCapture {
   int m_sink;
   std::vector<CapturedMessage> m_messages;
 };
+
+}  // namespace tarvo_python
 
 #endif
