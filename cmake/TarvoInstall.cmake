@@ -11,6 +11,8 @@ install(TARGETS tarvo_rapidjson ${exported} EXPORT tarvo_readwriteTargets
 foreach(dir ${header_dirs})
   install(DIRECTORY ${dir}/ DESTINATION ${TARVO_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 endforeach()
+# <tarvo_readwrite.h> with only PREFIX/include on the path.
+install(FILES ${PROJECT_SOURCE_DIR}/cmake/tarvo_readwrite.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/ DESTINATION ${TARVO_INSTALL_DATADIR})
 
 install(EXPORT tarvo_readwriteTargets NAMESPACE tarvo::

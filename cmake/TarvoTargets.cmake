@@ -7,7 +7,9 @@ function(tarvo_warnings target)
 endfunction()
 
 # A shared library of the project: sources globbed from the given folders, public headers
-# from `include_dir`, installed and exported under the tarvo:: namespace.
+# from `include_dir`, installed under PREFIX/include/tarvo_readwrite/ and exported under the
+# tarvo:: namespace. Consumers put only PREFIX/include on their path and include
+# <tarvo_readwrite/NAME.h>.
 function(tarvo_library target)
   cmake_parse_arguments(ARG "" "INCLUDE_DIR;EXPORT_NAME" "SOURCE_DIRS;LINK" ${ARGN})
   set(sources)
@@ -22,7 +24,9 @@ function(tarvo_library target)
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "$ORIGIN")
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${ARG_INCLUDE_DIR}>
-    $<INSTALL_INTERFACE:${TARVO_INSTALL_INCLUDEDIR}>)
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  # The headers use C++17 (std::variant, std::string_view), whatever the consumer asks for.
+  target_compile_features(${target} PUBLIC cxx_std_17)
   target_link_libraries(${target} PUBLIC ${ARG_LINK})
   tarvo_warnings(${target})
   set_property(GLOBAL APPEND PROPERTY TARVO_EXPORTED_TARGETS ${target})

@@ -16,18 +16,21 @@ from collections import OrderedDict
 NOC = "data/parts/zorvex/common/noc/schemas/"
 TELLURA = "data/parts/zorvex/common/tellura/"
 
-# (kind, title, schema, sample document)
+# (page, title, schema, sample document, the kind's name in tarvo-docs)
 KINDS = [
-    ("traffic", "NoC traffic specification", NOC + "traffic.json", "examples/noc_traffic.json"),
-    ("noc-solution", "NoC solution", NOC + "solution.json", "examples/noc_solution.json"),
-    ("noc-constraints", "NoC placement constraints", NOC + "constraints.json", "examples/noc_constraints.json"),
+    ("traffic", "NoC traffic specification", NOC + "traffic.json", "examples/noc_traffic.json", "traffic"),
+    ("noc-solution", "NoC solution", NOC + "solution.json", "examples/noc_solution.json", "noc-solution"),
+    ("noc-constraints", "NoC placement constraints", NOC + "constraints.json", "examples/noc_constraints.json",
+     "noc-constraints"),
     ("shim-constraints", "Shim constraints", NOC + "constraints.json",
-     "tests/data/array/example_shim_constraints.json"),
-    ("logical-arch", "Logical architecture", TELLURA + "LogicalArchSchema.json", "examples/logical_arch.json"),
+     "tests/data/array/example_shim_constraints.json", "noc-constraints"),
+    ("logical-arch", "Logical architecture", TELLURA + "LogicalArchSchema.json", "examples/logical_arch.json",
+     "logical-arch"),
     ("compiler-solution", "KPE compiler solution", TELLURA + "TQSolutionSchema.json",
-     "examples/compiler_solution.json"),
-    ("constraints", "KPE constraint document", "data/kpetools_constr_schema.json", "examples/constraints.json"),
-    ("metadata", "Project metadata", TELLURA + "ProjectMetaDataSchema.json", "examples/project_meta.json"),
+     "examples/compiler_solution.json", "compiler-solution"),
+    ("constraints", "KPE constraint document", "data/kpetools_constr_schema.json", "examples/constraints.json",
+     "constraints"),
+    ("metadata", "Project metadata", TELLURA + "ProjectMetaDataSchema.json", "examples/project_meta.json", "metadata"),
 ]
 
 SAMPLE_LINES = 40
@@ -165,7 +168,7 @@ def sample(root, path):
     return ["```json"] + text + ["```"]
 
 
-def page(root, kind, title, schema_path, sample_path):
+def page(root, kind, title, schema_path, sample_path, tool_kind):
     schema = load(os.path.join(root, schema_path))
     intro_path = os.path.join(root, "docs/formats/intro", kind + ".md")
     with open(intro_path, encoding="utf-8") as f:
@@ -182,6 +185,8 @@ def page(root, kind, title, schema_path, sample_path):
         "## Schema",
         "",
         "`%s` in the data directory (JSON Schema draft-04): %s" % (data_relative, schema.get("description", "")),
+        "",
+        "`tarvo-docs schema %s` prints where it is installed, for an editor (see the README)." % tool_kind,
         "",
         "## Keys",
         "",
@@ -201,9 +206,9 @@ def main():
                         help="the source tree (default: the one holding this script)")
     args = parser.parse_args()
     stale = []
-    for kind, title, schema_path, sample_path in KINDS:
+    for kind, title, schema_path, sample_path, tool_kind in KINDS:
         target = os.path.join(args.root, "docs/formats", kind + ".md")
-        text = page(args.root, kind, title, schema_path, sample_path)
+        text = page(args.root, kind, title, schema_path, sample_path, tool_kind)
         try:
             with open(target, encoding="utf-8") as f:
                 current = f.read()

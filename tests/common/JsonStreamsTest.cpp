@@ -4,19 +4,22 @@
 
 #include <sstream>
 
-#include "HCRapidJsonReadWriteUtils.h"
-#include "HCRapidJsonStreams.h"
+#include "JsonInputStream.h"
+#include "JsonOutputStream.h"
+#include "JsonParse.h"
 
 namespace {
 
-typedef HCRapidJsonReadWriteUtils Json;
+using tarvo::jsonio::JsonInputStream;
+using tarvo::jsonio::JsonOutputStream;
+using tarvo::jsonio::JsonParse;
 
 std::string parseError(std::string const& text, std::size_t blockSize = 1 << 16) {
   std::istringstream in(text);
-  HCJsonInputStream stream(in, blockSize);
-  Json::Document doc;
-  rapidjson::ParseResult const result = Json::ParseStream(stream, doc);
-  return Json::GetErrorMsgFromParse(result, stream);
+  JsonInputStream stream(in, blockSize);
+  rapidjson::Document doc;
+  rapidjson::ParseResult const result = JsonParse::parse(stream, doc);
+  return JsonParse::errorText(result, stream);
 }
 
 TEST(JsonInputStream, LineAndColumnOfParseErrorsAcrossBlockBoundaries) {
@@ -59,9 +62,9 @@ TEST(JsonInputStream, ParsesWholeDocumentsOfManyBlocks) {
     text += (i ? ",\n" : "") + std::to_string(i);
   text += "]";
   std::istringstream in(text);
-  HCJsonInputStream stream(in, 16);
-  Json::Document doc;
-  ASSERT_FALSE(Json::ParseStream(stream, doc).IsError());
+  JsonInputStream stream(in, 16);
+  rapidjson::Document doc;
+  ASSERT_FALSE(JsonParse::parse(stream, doc).IsError());
   ASSERT_EQ(doc.Size(), 5000u);
   EXPECT_EQ(doc[4999].GetInt(), 4999);
   EXPECT_EQ(stream.Tell(), text.size());
@@ -70,7 +73,7 @@ TEST(JsonInputStream, ParsesWholeDocumentsOfManyBlocks) {
 TEST(JsonOutputStream, PassesTextOnInBlocksAndOnFlush) {
   std::ostringstream out;
   {
-    HCJsonOutputStream stream(out, 4);
+    JsonOutputStream stream(out, 4);
     for (char c : std::string("abcdefghij"))
       stream.Put(c);
     EXPECT_EQ(out.str(), "abcdefgh");

@@ -147,12 +147,8 @@ namespace {
 
 // "id(arg|arg)" of the message an HEXAll carries, with its file annotation.
 std::string raised(HEXAll const& error) {
-  ComMsgMgrInstance const& message = error.getMessage();
-  std::string text = message.getId() + "(";
-  for (std::size_t i = 0; i < message.getArgs().size(); ++i)
-    text += (i == 0 ? "" : "|") + message.getArgs()[i];
-  text += ")";
-  for (auto const& meta : message.getMetaTypes())
+  std::string text = tarvo_test::messageOf(error);
+  for (auto const& meta : error.getMessage().getMetaTypes())
     text += " file=" + meta.value;
   return text;
 }

@@ -385,11 +385,7 @@ TEST_F(ConstrReaderTest, FailuresLeaveByExceptionWithTheirMessages) {
     try {
       read();
     } catch (HEXAll const& error) {
-      ComMsgMgrInstance const& message = error.getMessage();
-      std::string text = message.getId();
-      for (std::string const& arg : message.getArgs())
-        text += "|" + arg;
-      return text;
+      return tarvo_test::joinedOf(error.getMessage());
     }
     return std::string("no failure");
   };

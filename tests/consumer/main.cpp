@@ -1,5 +1,11 @@
 // Reads a metadata document through the installed library and checks that the library found
 // its data beside itself: the message catalogue and the schemas of the installation.
+#include <tarvo_readwrite/ComMsgMgr.h>
+#include <tarvo_readwrite/HUTEnv.h>
+#include <tarvo_readwrite/HUTFile.h>
+#include <tarvo_readwrite/KPEPrjMetaDataModel.h>
+#include <tarvo_readwrite/NOCJsonReadWriteUtils.h>
+// The umbrella as well: it must hold nothing that stayed behind in the source tree.
 #include <tarvo_readwrite.h>
 
 #include <iostream>

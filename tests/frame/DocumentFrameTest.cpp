@@ -17,18 +17,7 @@ using tarvo_test::dataPath;
 
 std::string canonical(std::string const& path) { return Frame::canonicalName(path); }
 
-// The id and arguments of the message that `action` throws as an HEXAll.
-template <typename Action>
-std::string thrown(Action action) {
-  try {
-    action();
-  } catch (HEXAll const& error) {
-    std::string text = error.getMessage().getId();
-    for (std::string const& arg : error.getMessage().getArgs()) text += "|" + arg;
-    return text;
-  }
-  return "nothing thrown";
-}
+using tarvo_test::thrown;
 
 void loadText(std::string const& text, std::string const& schema, Frame::Document& doc) {
   std::istringstream in(text);

@@ -21,18 +21,7 @@ using tarvo_test::readFile;
 namespace {
 
 // The id and arguments of the message that `action` throws as an HEXAll.
-template <typename Action>
-std::string thrown(Action action) {
-  try {
-    action();
-  } catch (HEXAll const& error) {
-    std::string text = error.getMessage().getId();
-    for (std::string const& arg : error.getMessage().getArgs())
-      text += "|" + arg;
-    return text;
-  }
-  return "nothing thrown";
-}
+using tarvo_test::thrown;
 
 // Puts a directory in front of the data directories while it lives.
 class DataDirOverride {

@@ -69,11 +69,5 @@ void TrafficOnDefaultDevice::routePath(CompRes& result, TrafficPath const* path,
   }
 }
 
-std::string messageOf(HEXAll const& error) {
-  std::string text = error.getMessage().getId() + "(";
-  for (std::size_t i = 0; i < error.getMessage().getArgs().size(); ++i)
-    text += (i == 0 ? "" : "|") + error.getMessage().getArgs()[i];
-  return text + ")";
-}
 
 }  // namespace noc_test

@@ -10,6 +10,7 @@
 #include "HEXAll.h"
 #include "HIPDevice.h"
 #include "HIPDeviceLoader.h"
+#include "TestSupport.h"
 #include "TrafficSpec.h"
 
 namespace noc_test {
@@ -43,8 +44,7 @@ struct TrafficOnDefaultDevice {
                  std::vector<std::string> const& components, unsigned achievedBW, bool locked) const;
 };
 
-// "id(arg1|arg2)" of the message that an exception carries.
-std::string messageOf(HEXAll const& error);
+using tarvo_test::messageOf;
 
 }  // namespace noc_test
 

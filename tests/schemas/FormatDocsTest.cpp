@@ -2,11 +2,10 @@
 
 #include <boost/filesystem.hpp>
 
-#include <sys/wait.h>
-#include <cstdio>
 #include <string>
 
 #include "TestSupport.h"
+#include "ToolRun.h"
 
 // docs/formats is made from the schemas by scripts/format-docs.py; its check mode is what
 // keeps the pages honest, so it must notice every way a page goes stale and write nothing.
@@ -17,21 +16,8 @@ namespace fs = boost::filesystem;
 
 std::string const kSourceDir = TARVO_SOURCE_DIR;
 
-struct ScriptRun {
-  int exitCode;
-  std::string output;
-};
-
-ScriptRun runScript(std::string const& root, std::string const& options) {
-  std::string const command =
-      "/usr/bin/python3 " + root + "/scripts/format-docs.py --root " + root + " " + options + " 2>&1";
-  FILE* pipe = popen(command.c_str(), "r");
-  std::string output;
-  char buffer[512];
-  for (std::size_t n; (n = fread(buffer, 1, sizeof buffer, pipe)) > 0;)
-    output.append(buffer, n);
-  int const status = pclose(pipe);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output};
+tarvo_test::ToolRun runScript(std::string const& root, std::string const& options) {
+  return tarvo_test::runTarvoDocs("/usr/bin/python3", root + "/scripts/format-docs.py --root " + root + " " + options);
 }
 
 void copyTree(fs::path const& from, fs::path const& to) {
@@ -59,9 +45,9 @@ TEST(FormatDocs, CheckNamesEveryStalePageAndWritingBringsThemUpToDate) {
   fs::create_directories(tree.file("tests/data/array"));
   fs::copy_file(kSourceDir + "/tests/data/array/example_shim_constraints.json",
                 tree.file("tests/data/array/example_shim_constraints.json"));
-  ScriptRun const fresh = runScript(tree.path(), "--check");
+  tarvo_test::ToolRun const fresh = runScript(tree.path(), "--check");
   EXPECT_EQ(fresh.exitCode, 0);
-  EXPECT_EQ(fresh.output, "");
+  EXPECT_EQ(fresh.err, "");
 
   // One schema serves two kinds; an introduction belongs to one; a page may be missing.
   std::string const schema = tree.file("data/parts/zorvex/common/noc/schemas/constraints.json");
@@ -71,16 +57,16 @@ TEST(FormatDocs, CheckNamesEveryStalePageAndWritingBringsThemUpToDate) {
   tarvo_test::writeFile(intro, tarvo_test::readFile(intro) + "\nA line added by hand.\n");
   fs::remove(tree.file("docs/formats/traffic.md"));
   std::string const before = tarvo_test::readFile(tree.file("docs/formats/noc-constraints.md"));
-  ScriptRun const stale = runScript(tree.path(), "--check");
+  tarvo_test::ToolRun const stale = runScript(tree.path(), "--check");
   EXPECT_EQ(stale.exitCode, 1);
-  EXPECT_EQ(stale.output,
+  EXPECT_EQ(stale.err,
             "out of date with its schema: docs/formats/traffic.md (run scripts/format-docs.py)\n"
             "out of date with its schema: docs/formats/noc-constraints.md (run scripts/format-docs.py)\n"
             "out of date with its schema: docs/formats/shim-constraints.md (run scripts/format-docs.py)\n"
             "out of date with its schema: docs/formats/metadata.md (run scripts/format-docs.py)\n");
   EXPECT_EQ(tarvo_test::readFile(tree.file("docs/formats/noc-constraints.md")), before);
 
-  ScriptRun const written = runScript(tree.path(), "");
+  tarvo_test::ToolRun const written = runScript(tree.path(), "");
   EXPECT_EQ(written.exitCode, 0);
   EXPECT_EQ(runScript(tree.path(), "--check").exitCode, 0);
   EXPECT_EQ(tarvo_test::readFile(tree.file("docs/formats/noc-constraints.md")),

@@ -52,13 +52,28 @@ MessageCapture::~MessageCapture() {
   ComMsgMgr::setDefaultSinkEnabled(true);
 }
 
+std::string summaryOf(ComMsgMgrInstance const& message) {
+  std::string line = message.getId() + "(";
+  for (std::size_t i = 0; i < message.getArgs().size(); ++i)
+    line += (i == 0 ? "" : "|") + message.getArgs()[i];
+  return line + ")";
+}
+
+std::string messageOf(HEXAll const& error) {
+  return summaryOf(error.getMessage());
+}
+
+std::string joinedOf(ComMsgMgrInstance const& message) {
+  std::string text = message.getId();
+  for (std::string const& arg : message.getArgs())
+    text += "|" + arg;
+  return text;
+}
+
 std::vector<std::string> MessageCapture::summary() const {
   std::vector<std::string> lines;
-  for (ComMsgMgrInstance const& message : m_messages) {
-    std::string line = message.getId() + "(";
-    for (std::size_t i = 0; i < message.getArgs().size(); ++i) line += (i == 0 ? "" : "|") + message.getArgs()[i];
-    lines.push_back(line + ")");
-  }
+  for (ComMsgMgrInstance const& message : m_messages)
+    lines.push_back(summaryOf(message));
   return lines;
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ComMsgMgrInstance.h"
+#include "HEXAll.h"
 
 namespace tarvo_test {
 
@@ -13,6 +14,24 @@ std::string dataPath(std::string const& relative = std::string());
 
 std::string readFile(std::string const& path);
 void writeFile(std::string const& path, std::string const& text);
+
+// A message as "id(arg1|arg2)", for compact exact assertions; messageOf gives that of the
+// message an HEXAll carries.
+std::string summaryOf(ComMsgMgrInstance const& message);
+std::string messageOf(HEXAll const& error);
+// A message as "id|arg1|arg2".
+std::string joinedOf(ComMsgMgrInstance const& message);
+
+// joinedOf the message that `action` throws as an HEXAll, or "nothing thrown".
+template <typename Action>
+std::string thrown(Action action) {
+  try {
+    action();
+  } catch (HEXAll const& error) {
+    return joinedOf(error.getMessage());
+  }
+  return "nothing thrown";
+}
 
 // A fresh directory that is removed, with all in it, when the object goes.
 class TempDir {

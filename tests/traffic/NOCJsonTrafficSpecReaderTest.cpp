@@ -14,6 +14,7 @@
 using namespace HrdIPToolCntr;
 using namespace DevHrdIP::Definitions;
 using NOC::NOCJsonTrafficSpecReader;
+using tarvo_test::messageOf;
 
 namespace {
 
@@ -30,14 +31,6 @@ class PrefixResolver : public HIPLogicalObjectNameResolverInterfaceIdentity {
     return name.compare(0, 4, "drop") == 0 ? "" : "net/" + name;
   }
 };
-
-// The message of a failure, as "id(arg|arg)".
-std::string messageOf(HEXAll const& error) {
-  std::string line = error.getMessage().getId() + "(";
-  for (std::size_t i = 0; i < error.getMessage().getArgs().size(); ++i)
-    line += (i == 0 ? "" : "|") + error.getMessage().getArgs()[i];
-  return line + ")";
-}
 
 std::string failureOf(std::istream& in, HIPLogicalObjectNameResolverInterface* resolver = nullptr) {
   TrafficSpec spec;

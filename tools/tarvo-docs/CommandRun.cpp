@@ -33,13 +33,14 @@ ReadOutcome CommandRun::read(std::string const& argument, DocumentKind const* ki
     ProgressBar const progress(status, m_streams.err, m_progress);
     status.setMessage("reading " + argument);
     source = DocumentSource::argument(argument, m_streams.in);
+    outcome.name = source->name();
     outcome.kind = kind != nullptr ? kind : m_options.has("--kind") ? findKind(m_options.get("--kind")) : nullptr;
     if (outcome.kind == nullptr) outcome.kind = &detectKind(*source);
     outcome.document = outcome.kind->read(*source, m_options, status);
     if (m_log.errors() == errorsBefore) {
       std::size_t const nul = source->firstNulByte();
       if (nul != std::string::npos)
-        throw std::runtime_error("'" + argument + "' is not JSON: a NUL byte at offset " + std::to_string(nul) +
+        throw std::runtime_error("'" + outcome.name + "' is not JSON: a NUL byte at offset " + std::to_string(nul) +
                                  " follows the document.");
     }
   } catch (UsageError const&) {

@@ -136,6 +136,19 @@ std::vector<Command> makeTable() {
   ids.onDocument = printInterfaceIds;
   table.push_back(ids);
 
+  Command schema;
+  schema.name = "schema";
+  schema.usage = "schema KIND [--print]";
+  schema.help =
+      "Prints the path of the installed JSON schema of a document kind, for an editor's JSON-schema support; "
+      "with --print its text. KIND is one of " +
+      kindNames() + ".";
+  schema.options = {{"--print", "", "print the schema's text instead of its path"}};
+  schema.minFiles = schema.maxFiles = 1;
+  schema.requirement = "needs one KIND";
+  schema.run = printSchema;
+  table.push_back(schema);
+
   return table;
 }
 

@@ -21,6 +21,9 @@ bool renamePorts(CommandRun& run, ReadOutcome& outcome);
 bool writeShimConstraints(CommandRun& run, ReadOutcome& outcome);
 bool printInterfaceIds(CommandRun& run, ReadOutcome& outcome);
 
+// The row function of `schema`, which reads no document; returns the exit status.
+int printSchema(CommandRun& run);
+
 // The check of --columns START:COUNT: the usage error's text, or empty.
 std::string checkColumns(std::string const& text);
 

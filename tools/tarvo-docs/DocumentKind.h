@@ -41,6 +41,8 @@ class DocumentKind {
   // by the library's exceptions.
   virtual std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const& options,
                                                HDGUIStatus& status) const = 0;
+  // The installed schema of the kind, where the library looks for it; editors use it too.
+  virtual std::string schemaFile() const = 0;
 };
 
 // Every kind the program knows, in the order they are tried when detecting.

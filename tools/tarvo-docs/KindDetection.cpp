@@ -27,6 +27,8 @@ class KeyHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, KeyHan
   bool EndArray(rapidjson::SizeType) { return ends(); }
   bool Key(char const* text, rapidjson::SizeType length, bool) {
     if (m_depth == 1) {
+      // "$schema" names the schema for editors, whatever the kind.
+      if (std::string(text, length) == "$schema") return true;
       m_keys.keys.emplace_back(text, length);
       if (m_keys.keys.back() != "Placement") return decide();
       m_probe = Probe::Value;

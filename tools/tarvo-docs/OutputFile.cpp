@@ -157,32 +157,38 @@ OutputFile::OutputFile(std::string target, std::ostream& standardOutput)
     : m_target(std::move(target)), m_standardOutput(standardOutput) {
   m_stream.push(ByteCounter(m_bytes));
   if (endsWith(m_target, ".gz")) m_stream.push(boost::iostreams::gzip_compressor());
-  if (m_target == "-") {
+  // /dev/stdout names our own standard output: written as "-" is, it keeps what the caller
+  // made of it (a pipe, or a file opened for appending) instead of replacing a file.
+  if (m_target == "-" || m_target == "/dev/stdout") {
     m_mode = Mode::StandardOutput;
     m_stream.push(boost::iostreams::back_inserter(m_buffer));
     return;
   }
-  m_path = followLinks(m_target);
-  if (m_path.empty()) fail("its symbolic links do not end", errno);
   struct stat status {};
-  bool const exists = stat(m_path.c_str(), &status) == 0;
+  bool const exists = stat(m_target.c_str(), &status) == 0;
   if (exists && S_ISDIR(status.st_mode)) fail("it is a directory", 0);
   if (exists && !S_ISREG(status.st_mode)) {
     // A device or a FIFO is written where it is; opening a FIFO waits for its reader.
     m_mode = Mode::InPlace;
-    m_fd = open(m_path.c_str(), O_WRONLY | O_CLOEXEC);
+    m_fd = open(m_target.c_str(), O_WRONLY | O_CLOEXEC);
     if (m_fd < 0) fail("it cannot be opened for writing", errno);
     m_stream.push(boost::iostreams::back_inserter(m_buffer));
     return;
   }
+  // A regular file (or a new one, perhaps the end of a dangling link) is replaced where its
+  // links lead, so that the links stay.
+  m_path = followLinks(m_target);
+  if (m_path.empty()) fail("its symbolic links do not end", errno);
   if (exists && faccessat(AT_FDCWD, m_path.c_str(), W_OK, AT_EACCESS) != 0)
     fail("you may not write it; it is left as it was", errno);
   openTemporary(m_path, exists);
   if (exists) {
-    // The new text takes the place of the old under the same permissions.
-    if (fchown(m_fd, status.st_uid, status.st_gid) != 0 && fchown(m_fd, static_cast<uid_t>(-1), status.st_gid) != 0) {
-      // Another owner or group is not ours to give; the file is then ours, as a new file would be.
-    }
+    // The new text takes the old one's mode, and its owner and group where they are ours to
+    // give (as root), else its group where we belong to it; otherwise the file is ours, as a
+    // new file would be.
+    bool const owned =
+        fchown(m_fd, status.st_uid, status.st_gid) == 0 || fchown(m_fd, static_cast<uid_t>(-1), status.st_gid) == 0;
+    static_cast<void>(owned);
     fchmod(m_fd, status.st_mode & 07777);
   } else {
     mode_t const mask = umask(0);

@@ -18,7 +18,7 @@ class OutputError : public std::runtime_error {
 
 // The one way tarvo-docs writes an output (every -o of every command), so that nothing it
 // writes is ever half-written or lost:
-// - "-" is standard output; a target that is no regular file (a device, a FIFO) is opened
+// - "-" (and /dev/stdout) is standard output; a target that is no regular file (a device, a FIFO) is opened
 //   and written in place, never replaced. Both get the text only once it is complete.
 // - A regular target, or a new one, is written to a temporary file with a unique name in
 //   the target's directory, synced, and renamed over the target. A symbolic link is

@@ -12,6 +12,7 @@
 #include "CommandRun.h"
 #include "DocumentKind.h"
 #include "ExitCode.h"
+#include "ReadOutcome.h"
 #include "UsageError.h"
 
 namespace tarvo_docs {
@@ -26,6 +27,30 @@ struct ParsedCommand {
   bool help = false;
 };
 
+// `text` broken into lines of at most 100 columns, each after `indent` blanks but the first.
+std::string wrapped(std::string const& text, std::size_t indent) {
+  std::size_t const width = 100;
+  std::string result;
+  std::size_t column = indent;
+  std::size_t start = 0;
+  while (start < text.size()) {
+    std::size_t end = text.find(' ', start);
+    if (end == std::string::npos) end = text.size();
+    std::size_t const length = end - start;
+    if (column > indent && column + 1 + length > width) {
+      result += "\n" + std::string(indent, ' ');
+      column = indent;
+    } else if (column > indent) {
+      result += ' ';
+      ++column;
+    }
+    result.append(text, start, length);
+    column += length;
+    start = end + 1;
+  }
+  return result;
+}
+
 void printHelp(std::ostream& out) {
   out << "Usage: tarvo-docs COMMAND [options] ...\n"
          "Checks, summarises and converts the JSON documents of tarvo_readwrite.\n\n"
@@ -39,10 +64,11 @@ void printHelp(std::ostream& out) {
 }
 
 void printCommandHelp(Command const& command, std::ostream& out) {
-  out << "Usage: tarvo-docs " << command.usage << "\n" << command.help << "\n\nOptions:\n";
+  out << "Usage: tarvo-docs " << command.usage << "\n" << wrapped(command.help, 0) << "\n\nOptions:\n";
   for (CommandOption const& option : command.options) {
     std::string const head = option.name + (option.value.empty() ? "" : " " + option.value);
-    out << "  " << head << std::string(head.size() < 24 ? 24 - head.size() : 1, ' ') << option.help << "\n";
+    out << "  " << head << std::string(head.size() < 24 ? 24 - head.size() : 1, ' ') << wrapped(option.help, 26)
+        << "\n";
   }
   out << "  --help                  this text\n\n" << exitCodeHelp();
 }
@@ -147,7 +173,15 @@ int runCommand(Command const& command, std::vector<std::string> const& args, Too
   bool allPassed = true;
   for (std::string const& input : inputsOf(run.files(), command.walksDirectories)) {
     ReadOutcome outcome = run.read(input, kind);
-    allPassed = command.onDocument(run, outcome) && allPassed;
+    bool passed = false;
+    try {
+      passed = command.onDocument(run, outcome);
+    } catch (UsageError const&) {
+      throw;
+    } catch (std::exception const&) {
+      reportError(std::current_exception(), run.err());
+    }
+    allPassed = passed && allPassed;
   }
   return allPassed ? kExitSuccess : kExitFailed;
 }
@@ -179,6 +213,9 @@ int runTool(std::vector<std::string> const& args, std::ostream& out, std::ostrea
     if (error.pointsToHelp()) err << " (see tarvo-docs " << (command ? command->name + " " : "") << "--help)";
     err << "\n";
     return kExitUsage;
+  } catch (std::exception const&) {
+    reportError(std::current_exception(), err);
+    return kExitFailed;
   }
 }
 

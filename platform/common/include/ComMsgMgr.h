@@ -1,5 +1,5 @@
-#ifndef COMMSGMGR_H
-#define COMMSGMGR_H
+#ifndef TARVO_COMMSGMGR_H
+#define TARVO_COMMSGMGR_H
 
 #include <functional>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef COMMSGMGRINSTANCE_H
-#define COMMSGMGRINSTANCE_H
+#ifndef TARVO_COMMSGMGRINSTANCE_H
+#define TARVO_COMMSGMGRINSTANCE_H
 
 #include <string>
 #include <vector>

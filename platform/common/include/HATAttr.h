@@ -1,5 +1,5 @@
-#ifndef HATATTR_H
-#define HATATTR_H
+#ifndef TARVO_HATATTR_H
+#define TARVO_HATATTR_H
 
 #include <memory>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef HDGUISTATUS_H
-#define HDGUISTATUS_H
+#ifndef TARVO_HDGUISTATUS_H
+#define TARVO_HDGUISTATUS_H
 
 #include <mutex>
 #include <string>

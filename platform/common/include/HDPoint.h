@@ -1,5 +1,5 @@
-#ifndef HDPOINT_H
-#define HDPOINT_H
+#ifndef TARVO_HDPOINT_H
+#define TARVO_HDPOINT_H
 
 // A pair of coordinates, compared by x, then y.
 template <typename T>

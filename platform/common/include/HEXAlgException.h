@@ -1,5 +1,5 @@
-#ifndef HEXALGEXCEPTION_H
-#define HEXALGEXCEPTION_H
+#ifndef TARVO_HEXALGEXCEPTION_H
+#define TARVO_HEXALGEXCEPTION_H
 
 #include <exception>
 #include <string>

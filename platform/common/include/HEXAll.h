@@ -1,5 +1,5 @@
-#ifndef HEXALL_H
-#define HEXALL_H
+#ifndef TARVO_HEXALL_H
+#define TARVO_HEXALL_H
 
 #include <exception>
 #include <string>

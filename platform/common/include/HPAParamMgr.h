@@ -1,5 +1,5 @@
-#ifndef HPAPARAMMGR_H
-#define HPAPARAMMGR_H
+#ifndef TARVO_HPAPARAMMGR_H
+#define TARVO_HPAPARAMMGR_H
 
 #include <map>
 #include <mutex>

@@ -1,5 +1,5 @@
-#ifndef HSTRANGE_H
-#define HSTRANGE_H
+#ifndef TARVO_HSTRANGE_H
+#define TARVO_HSTRANGE_H
 
 #include <cstddef>
 #include <iterator>

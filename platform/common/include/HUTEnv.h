@@ -1,5 +1,5 @@
-#ifndef HUTENV_H
-#define HUTENV_H
+#ifndef TARVO_HUTENV_H
+#define TARVO_HUTENV_H
 
 #include <string>
 #include <vector>

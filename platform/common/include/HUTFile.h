@@ -1,5 +1,5 @@
-#ifndef HUTFILE_H
-#define HUTFILE_H
+#ifndef TARVO_HUTFILE_H
+#define TARVO_HUTFILE_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef HUTFILEUTILS_H
-#define HUTFILEUTILS_H
+#ifndef TARVO_HUTFILEUTILS_H
+#define TARVO_HUTFILEUTILS_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef HUTFILEWRITESTREAM_H
-#define HUTFILEWRITESTREAM_H
+#ifndef TARVO_HUTFILEWRITESTREAM_H
+#define TARVO_HUTFILEWRITESTREAM_H
 
 #include <fstream>
 #include <string>

@@ -11,14 +11,6 @@ bool HSTStrUtils::contains(std::string const& text, std::string const& part) {
   return text.find(part) != std::string::npos;
 }
 
-bool HSTStrUtils::startsWith(std::string const& text, std::string const& prefix) {
-  return text.compare(0, prefix.size(), prefix) == 0;
-}
-
-bool HSTStrUtils::endsWith(std::string const& text, std::string const& suffix) {
-  return text.size() >= suffix.size() && text.compare(text.size() - suffix.size(), suffix.size(), suffix) == 0;
-}
-
 std::vector<std::string> HSTStrUtils::split(std::string const& text, char separator) {
   std::vector<std::string> pieces;
   std::string::size_type start = 0;

@@ -1,5 +1,5 @@
-#ifndef GRMBEL_H
-#define GRMBEL_H
+#ifndef TARVO_GRMBEL_H
+#define TARVO_GRMBEL_H
 
 #include <cstdint>
 #include <string>

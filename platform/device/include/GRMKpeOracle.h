@@ -1,5 +1,5 @@
-#ifndef GRMKPEORACLE_H
-#define GRMKPEORACLE_H
+#ifndef TARVO_GRMKPEORACLE_H
+#define TARVO_GRMKPEORACLE_H
 
 #include "GRMBel.h"
 

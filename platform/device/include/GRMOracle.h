@@ -1,5 +1,5 @@
-#ifndef GRMORACLE_H
-#define GRMORACLE_H
+#ifndef TARVO_GRMORACLE_H
+#define TARVO_GRMORACLE_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef HDARPART_H
-#define HDARPART_H
+#ifndef TARVO_HDARPART_H
+#define TARVO_HDARPART_H
 
 #include <memory>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef HDARPARTLOADER_H
-#define HDARPARTLOADER_H
+#ifndef TARVO_HDARPARTLOADER_H
+#define TARVO_HDARPARTLOADER_H
 
 #include <iosfwd>
 #include <memory>

@@ -1,5 +1,5 @@
-#ifndef HDARSHIMROW_H
-#define HDARSHIMROW_H
+#ifndef TARVO_HDARSHIMROW_H
+#define TARVO_HDARSHIMROW_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef HDARSHIMROWGENERATOR_H
-#define HDARSHIMROWGENERATOR_H
+#ifndef TARVO_HDARSHIMROWGENERATOR_H
+#define TARVO_HDARSHIMROWGENERATOR_H
 
 #include <memory>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef GRMSITETABLE_H
-#define GRMSITETABLE_H
+#ifndef TARVO_GRMSITETABLE_H
+#define TARVO_GRMSITETABLE_H
 
 #include <cstdint>
 #include <string>

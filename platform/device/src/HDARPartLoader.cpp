@@ -5,9 +5,11 @@
 #include <fstream>
 
 #include "GRMBel.h"
-#include "HCRapidJsonStreams.h"
 #include "HUTEnv.h"
 #include "HUTFile.h"
+#include "JsonMembers.h"
+#include "JsonParse.h"
+#include "JsonSchemaCheck.h"
 
 typedef HCRapidJsonReadWriteUtils Json;
 
@@ -16,11 +18,11 @@ char const* const HDARPartLoader::kSection = "kpeShimRow";
 namespace {
 
 void parse(std::istream& in, std::string const& fileName, Json::Document& doc) {
-  Json::ParseJsonStream(in, fileName, doc);
+  tarvo::jsonio::JsonParse::parseOrReport(in, fileName, doc);
 }
 
 void validate(Json::Document const& doc, std::string const& fileName) {
-  Json::ValidateAgainstSchemaFile(doc, fileName, HDARPartLoader::getSchemaFile());
+  tarvo::jsonio::JsonSchemaCheck::validateAgainstFile(doc, fileName, HDARPartLoader::getSchemaFile());
 }
 
 HDARShimSite readSite(Json::Value const& site) {
@@ -43,10 +45,10 @@ HDARShimTile readTile(Json::Value const& tile) {
 
 std::vector<HDARShimTile> readShimRow(Json::Value const& root) {
   std::vector<HDARShimTile> tiles;
-  if (!Json::IsObjectProperty(root, HDARPartLoader::kSection)) return tiles;
-  Json::Value const& section = root[HDARPartLoader::kSection];
-  if (Json::IsArrayProperty(section, "tiles"))
-    for (Json::Value const& tile : section["tiles"].GetArray())
+  Json::Value const* section = tarvo::jsonio::JsonMembers::findObject(root, HDARPartLoader::kSection);
+  if (section == nullptr) return tiles;
+  if (Json::IsArrayProperty(*section, "tiles"))
+    for (Json::Value const& tile : (*section)["tiles"].GetArray())
       tiles.push_back(readTile(tile));
   return tiles;
 }

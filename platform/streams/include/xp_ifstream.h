@@ -1,5 +1,5 @@
-#ifndef OVK_XP_IFSTREAM_H
-#define OVK_XP_IFSTREAM_H
+#ifndef TARVO_XP_IFSTREAM_H
+#define TARVO_XP_IFSTREAM_H
 
 #include <boost/function.hpp>
 

@@ -1,5 +1,5 @@
-#ifndef OVK_XP_OPENERS_H
-#define OVK_XP_OPENERS_H
+#ifndef TARVO_XP_OPENERS_H
+#define TARVO_XP_OPENERS_H
 
 #include <boost/iostreams/filtering_stream.hpp>
 

@@ -1,5 +1,5 @@
-#ifndef COMPRES_H
-#define COMPRES_H
+#ifndef TARVO_COMPRES_H
+#define TARVO_COMPRES_H
 
 #include <cstdint>
 #include <map>

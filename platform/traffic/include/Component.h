@@ -1,5 +1,5 @@
-#ifndef COMPONENT_H
-#define COMPONENT_H
+#ifndef TARVO_COMPONENT_H
+#define TARVO_COMPONENT_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef CONSTRAINTS_H
-#define CONSTRAINTS_H
+#ifndef TARVO_CONSTRAINTS_H
+#define TARVO_CONSTRAINTS_H
 
 #include <map>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef CREATIONORDER_H
-#define CREATIONORDER_H
+#ifndef TARVO_CREATIONORDER_H
+#define TARVO_CREATIONORDER_H
 
 namespace HrdIPToolCntr {
 

@@ -1,5 +1,5 @@
-#ifndef DESTIDREPR_H
-#define DESTIDREPR_H
+#ifndef TARVO_DESTIDREPR_H
+#define TARVO_DESTIDREPR_H
 
 #include <cstdint>
 

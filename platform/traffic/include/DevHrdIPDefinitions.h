@@ -1,5 +1,5 @@
-#ifndef DEVHRDIPDEFINITIONS_H
-#define DEVHRDIPDEFINITIONS_H
+#ifndef TARVO_DEVHRDIPDEFINITIONS_H
+#define TARVO_DEVHRDIPDEFINITIONS_H
 
 // The enumerations of the traffic design library: protocols, traffic classes, write orders,
 // memory-controller ports and the kinds of on-chip blocks. Each has a fixed underlying type,

@@ -1,5 +1,5 @@
-#ifndef HIPDEVICE_H
-#define HIPDEVICE_H
+#ifndef TARVO_HIPDEVICE_H
+#define TARVO_HIPDEVICE_H
 
 #include <memory>
 #include <string>

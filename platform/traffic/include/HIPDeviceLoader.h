@@ -1,5 +1,5 @@
-#ifndef HIPDEVICELOADER_H
-#define HIPDEVICELOADER_H
+#ifndef TARVO_HIPDEVICELOADER_H
+#define TARVO_HIPDEVICELOADER_H
 
 #include <iosfwd>
 #include <memory>

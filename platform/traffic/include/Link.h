@@ -1,5 +1,5 @@
-#ifndef LINK_H
-#define LINK_H
+#ifndef TARVO_LINK_H
+#define TARVO_LINK_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef NOCMESHGENERATOR_H
-#define NOCMESHGENERATOR_H
+#ifndef TARVO_NOCMESHGENERATOR_H
+#define TARVO_NOCMESHGENERATOR_H
 
 #include <memory>
 #include <string>

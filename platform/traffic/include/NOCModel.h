@@ -1,5 +1,5 @@
-#ifndef NOCMODEL_H
-#define NOCMODEL_H
+#ifndef TARVO_NOCMODEL_H
+#define TARVO_NOCMODEL_H
 
 #include <memory>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef PERFSPEC_H
-#define PERFSPEC_H
+#ifndef TARVO_PERFSPEC_H
+#define TARVO_PERFSPEC_H
 
 #include <cstdint>
 

@@ -1,5 +1,5 @@
-#ifndef ROUTE_H
-#define ROUTE_H
+#ifndef TARVO_ROUTE_H
+#define TARVO_ROUTE_H
 
 #include <vector>
 

@@ -1,5 +1,5 @@
-#ifndef TRAFFICLINST_H
-#define TRAFFICLINST_H
+#ifndef TARVO_TRAFFICLINST_H
+#define TARVO_TRAFFICLINST_H
 
 #include <cstdint>
 #include <map>

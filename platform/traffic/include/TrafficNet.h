@@ -1,5 +1,5 @@
-#ifndef TRAFFICNET_H
-#define TRAFFICNET_H
+#ifndef TARVO_TRAFFICNET_H
+#define TARVO_TRAFFICNET_H
 
 #include <cstddef>
 

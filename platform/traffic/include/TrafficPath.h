@@ -1,5 +1,5 @@
-#ifndef TRAFFICPATH_H
-#define TRAFFICPATH_H
+#ifndef TARVO_TRAFFICPATH_H
+#define TARVO_TRAFFICPATH_H
 
 #include <cstdint>
 #include <map>

@@ -1,5 +1,5 @@
-#ifndef TRAFFICSPEC_H
-#define TRAFFICSPEC_H
+#ifndef TARVO_TRAFFICSPEC_H
+#define TARVO_TRAFFICSPEC_H
 
 #include <deque>
 #include <map>

@@ -8,9 +8,10 @@
 #include <unordered_map>
 
 #include "HCRapidJsonReadWriteUtils.h"
-#include "HCRapidJsonStreams.h"
 #include "HUTEnv.h"
 #include "HUTFile.h"
+#include "JsonParse.h"
+#include "JsonSchemaCheck.h"
 
 namespace DevHrdIP {
 
@@ -49,11 +50,11 @@ CompRole roleOf(Value const& entry, COMP_TYPE type) {
 }
 
 void parse(std::istream& in, std::string const& fileName, Json::Document& doc) {
-  Json::ParseJsonStream(in, fileName, doc);
+  tarvo::jsonio::JsonParse::parseOrReport(in, fileName, doc);
 }
 
 void validate(Json::Document const& doc, std::string const& fileName) {
-  Json::ValidateAgainstSchemaFile(doc, fileName, HIPDeviceLoader::getSchemaFile());
+  tarvo::jsonio::JsonSchemaCheck::validateAgainstFile(doc, fileName, HIPDeviceLoader::getSchemaFile());
 }
 
 // Builds the NoC from a description that passed the schema, or that is the compiled-in one.

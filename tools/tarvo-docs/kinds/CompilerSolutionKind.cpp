@@ -13,6 +13,7 @@
 #include "KPEPrjStrEncoder.h"
 #include "Kinds.h"
 #include "LoadedDocuments.h"
+#include "NOCJsonReadWriteUtils.h"
 #include "NOCJsonTrafficSpecReader.h"
 #include "TQCompilerShimConstraintsWriterJSON.h"
 #include "TQCompilerSolutionReaderJSON.h"
@@ -62,6 +63,8 @@ class CompilerSolutionKind : public DocumentKind {
   bool recognises(TopLevelKeys const& keys) const override {
     return keys.keys.size() == 1 && keys.keys.front() == "Placement" && keys.placementNamesObjects;
   }
+
+  std::string schemaFile() const override { return NOCJsonReadWriteUtils::getTQSolutionJsonSchemaFile(); }
 
   std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const& options,
                                        HDGUIStatus& status) const override {
@@ -176,16 +179,10 @@ bool writeShimConstraints(CommandRun& run, ReadOutcome& outcome) {
   ExchangeDesign const& design = loaded.design;
   std::string const instance = run.options().get(kInstanceOption);
   std::string const target = run.options().get("-o", "-");
-  std::optional<std::uintmax_t> written;
-  try {
-    written = run.writeOutput(target, [&](std::ostream& out, HDGUIStatus& status) {
-      return TQCompilerShimConstraintsWriterJSON::writeToJsonFile(out, design.model, design.traffic, loaded.solution,
-                                                                  *design.part, instance, status);
-    });
-  } catch (std::exception const&) {
-    reportError(std::current_exception(), run.err());
-    return false;
-  }
+  std::optional<std::uintmax_t> const written = run.writeOutput(target, [&](std::ostream& out, HDGUIStatus& status) {
+    return TQCompilerShimConstraintsWriterJSON::writeToJsonFile(out, design.model, design.traffic, loaded.solution,
+                                                                *design.part, instance, status);
+  });
   if (!written) return false;
   // The writer writes nothing for an instance with no placed channel 0; that is an answer,
   // not a failure, and an existing OUT is left as it was.

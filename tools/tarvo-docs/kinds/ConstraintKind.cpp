@@ -8,6 +8,7 @@
 #include "GroupConstraints.h"
 #include "Kinds.h"
 #include "LoadedDocuments.h"
+#include "NOCJsonReadWriteUtils.h"
 
 namespace tarvo_docs {
 
@@ -56,6 +57,12 @@ class ConstraintKind : public DocumentKind {
   bool recognises(TopLevelKeys const& keys) const override {
     return keys.hasAny(
         {"NodeConstraints", "PortConstraints", "NetConstraints", "GlobalConstraints", "isToolGenerated"});
+  }
+
+  // The reader's own choice; where there is none, the first place it would look.
+  std::string schemaFile() const override {
+    std::string const installed = kpe::constraints::ConstrWriter::findInstalledSchemaFile();
+    return installed.empty() ? NOCJsonReadWriteUtils::getSchemaFile({"kpetools_constr_schema.json"}) : installed;
   }
 
   std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const&, HDGUIStatus&) const override {

@@ -10,6 +10,7 @@
 #include "HDGUIStatus.h"
 #include "Kinds.h"
 #include "LoadedDocuments.h"
+#include "NOCJsonReadWriteUtils.h"
 #include "TQLogicalArchReader.h"
 #include "TQLogicalArchWriter.h"
 
@@ -53,6 +54,8 @@ class LogicalArchKind : public DocumentKind {
     return keys.allAmong({"KPE", "NoC", "PL", "connections", "appId", "schema", "device", "platform"}) &&
            keys.hasAny({"KPE", "NoC", "PL", "connections"});
   }
+
+  std::string schemaFile() const override { return NOCJsonReadWriteUtils::getLogicalArchJsonSchemaFile(); }
 
   std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const&,
                                        HDGUIStatus& status) const override {

@@ -3,6 +3,7 @@
 #include "KPEPrjMetaDataModel.h"
 #include "Kinds.h"
 #include "LoadedDocuments.h"
+#include "NOCJsonReadWriteUtils.h"
 
 namespace tarvo_docs {
 
@@ -36,6 +37,11 @@ class MetadataKind : public DocumentKind {
   std::string name() const override { return "metadata"; }
 
   bool recognises(TopLevelKeys const& keys) const override { return keys.has("MetaData"); }
+
+  // The library reads metadata with no schema; this one is for the program and editors.
+  std::string schemaFile() const override {
+    return NOCJsonReadWriteUtils::getSchemaFile({"parts", "zorvex", "common", "tellura", "ProjectMetaDataSchema.json"});
+  }
 
   std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const&, HDGUIStatus&) const override {
     auto loaded = std::make_unique<LoadedMetadata>();

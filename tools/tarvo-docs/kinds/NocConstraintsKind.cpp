@@ -33,6 +33,8 @@ class NocConstraintsKind : public DocumentKind {
     return keys.keys.size() == 1 && keys.keys.front() == "Placement";
   }
 
+  std::string schemaFile() const override { return NOCJsonReadWriteUtils::getConstraintsJsonSchemaFile(); }
+
   std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const& options,
                                        HDGUIStatus& status) const override {
     if (!NocKindInputs::given(options))

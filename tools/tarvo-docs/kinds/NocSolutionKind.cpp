@@ -1,3 +1,6 @@
+#include <rapidjson/istreamwrapper.h>
+#include <rapidjson/reader.h>
+
 #include <map>
 #include <ostream>
 #include <set>
@@ -25,15 +28,43 @@ std::string plural(std::size_t count, char const* one, char const* many) {
   return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
+// Finds the text of the top-level "SolutionType" and stops the parser there, so that the
+// document is not parsed a second time after the reader: the writer puts the key first.
+class SolutionTypeHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, SolutionTypeHandler> {
+ public:
+  std::string value;
+
+  bool Default() { return !wanted(); }
+  bool String(char const* text, rapidjson::SizeType length, bool) {
+    if (wanted()) value.assign(text, length);
+    return !wanted();
+  }
+  bool Key(char const* text, rapidjson::SizeType length, bool) {
+    if (m_depth == 1) m_wanted = std::string(text, length) == "SolutionType";
+    return true;
+  }
+  bool StartObject() { return !wanted() && ++m_depth > 0; }
+  bool StartArray() { return !wanted() && ++m_depth > 0; }
+  bool EndObject(rapidjson::SizeType) { return --m_depth > 0; }
+  bool EndArray(rapidjson::SizeType) { return --m_depth > 0; }
+
+ private:
+  bool wanted() const { return m_depth == 1 && m_wanted; }
+
+  unsigned m_depth = 0;
+  bool m_wanted = false;
+};
+
 // The library leaves the compiler's verdict out of the result it reads; the tool carries it
-// over so that a converted document keeps it.
+// over so that a converted document keeps it. Empty when it is no string or not there.
 std::string solutionTypeOf(DocumentSource const& source) {
-  JsonDocumentFrame::Document doc;
-  source.open(JsonDocumentFrame::Opener::AutoDetect, [&doc](std::istream& in, std::string const& name) {
-    JsonDocumentFrame::parse(in, name, doc);
+  SolutionTypeHandler handler;
+  source.open(JsonDocumentFrame::Opener::AutoDetect, [&handler](std::istream& in, std::string const&) {
+    rapidjson::IStreamWrapper stream(in);
+    rapidjson::Reader().Parse<rapidjson::kParseIterativeFlag>(stream, handler);
     return true;
   });
-  return HCRapidJsonReadWriteUtils::GetStringProperty(doc, "SolutionType");
+  return handler.value;
 }
 
 int solutionStateOf(std::string const& solutionType) {
@@ -91,6 +122,8 @@ class NocSolutionKind : public DocumentKind {
   std::string name() const override { return "noc-solution"; }
 
   bool recognises(TopLevelKeys const& keys) const override { return keys.has("SolutionType"); }
+
+  std::string schemaFile() const override { return NOCJsonReadWriteUtils::getSolutionJsonSchemaFile(); }
 
   std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const& options,
                                        HDGUIStatus& status) const override {

@@ -9,6 +9,7 @@
 #include "Kinds.h"
 #include "LoadedDocuments.h"
 #include "NOCJsonEnumTexts.h"
+#include "NOCJsonReadWriteUtils.h"
 #include "NOCJsonTrafficSpecReader.h"
 #include "NOCJsonTrafficSpecWriter.h"
 #include "TrafficSpec.h"
@@ -104,6 +105,8 @@ class TrafficKind : public DocumentKind {
     return keys.allAmong({"LogicalInstances", "Paths", "SystemProperties"}) &&
            keys.hasAny({"LogicalInstances", "SystemProperties"});
   }
+
+  std::string schemaFile() const override { return NOCJsonReadWriteUtils::getTrafficJsonSchemaFile(); }
 
   std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const&,
                                        HDGUIStatus& status) const override {

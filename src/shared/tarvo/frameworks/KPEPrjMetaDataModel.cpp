@@ -5,8 +5,8 @@
 #include <rapidjson/prettywriter.h>
 
 #include "HCRapidJsonReadWriteUtils.h"
-#include "HCRapidJsonStreams.h"
 #include "JsonDocumentFrame.h"
+#include "JsonOutputStream.h"
 
 namespace Tarvo {
 namespace Frameworks {
@@ -23,7 +23,7 @@ char const* const kMetaData = "MetaData";
 char const* const kName = "name";
 char const* const kValue = "value";
 
-typedef rapidjson::PrettyWriter<HCJsonOutputStream> Writer;
+typedef rapidjson::PrettyWriter<tarvo::jsonio::JsonOutputStream> Writer;
 
 void writeString(Writer& writer, std::string const& text) {
   writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
@@ -45,7 +45,8 @@ void writeValue(Writer& writer, boost::any const& value) {
     writer.Double(*d);
   } else if (auto const* list = boost::any_cast<std::vector<std::string>>(&value)) {
     writer.StartArray();
-    for (std::string const& item : *list) writeString(writer, item);
+    for (std::string const& item : *list)
+      writeString(writer, item);
     writer.EndArray();
   }
 }
@@ -77,11 +78,17 @@ T const* KPEPrjMetaDataModel::find(std::string const& name) const {
   return found == m_properties.end() ? nullptr : boost::any_cast<T>(&found->second);
 }
 
-void KPEPrjMetaDataModel::addBooleanProperty(std::string const& name, bool value) { m_properties[name] = value; }
+void KPEPrjMetaDataModel::addBooleanProperty(std::string const& name, bool value) {
+  m_properties[name] = value;
+}
 
-void KPEPrjMetaDataModel::addDoubleProperty(std::string const& name, double value) { m_properties[name] = value; }
+void KPEPrjMetaDataModel::addDoubleProperty(std::string const& name, double value) {
+  m_properties[name] = value;
+}
 
-void KPEPrjMetaDataModel::addIntegrProperty(std::string const& name, int value) { m_properties[name] = value; }
+void KPEPrjMetaDataModel::addIntegrProperty(std::string const& name, int value) {
+  m_properties[name] = value;
+}
 
 void KPEPrjMetaDataModel::addStringArrayProperty(std::string const& name, std::vector<std::string> const& value) {
   m_properties[name] = value;
@@ -125,11 +132,17 @@ std::vector<std::string> KPEPrjMetaDataModel::getStringArrayProperty(std::string
   return value != nullptr ? *value : std::vector<std::string>();
 }
 
-void KPEPrjMetaDataModel::removeProperty(std::string const& name) { m_properties.erase(name); }
+void KPEPrjMetaDataModel::removeProperty(std::string const& name) {
+  m_properties.erase(name);
+}
 
-void KPEPrjMetaDataModel::clear() { m_properties.clear(); }
+void KPEPrjMetaDataModel::clear() {
+  m_properties.clear();
+}
 
-bool KPEPrjMetaDataModel::isEmpty() const { return m_properties.empty(); }
+bool KPEPrjMetaDataModel::isEmpty() const {
+  return m_properties.empty();
+}
 
 bool KPEPrjMetaDataModel::copy(KPEPrjMetaDataModel const& other) {
   if (&other != this) m_properties = other.m_properties;
@@ -150,12 +163,14 @@ void KPEPrjMetaDataModel::setKPEPLIntfIDString(std::string const& id) {
   addStringProperty(KPE_PL_INTF_ID_STR, id);
 }
 
-std::string KPEPrjMetaDataModel::getKPEPLIntfIDString() { return getStringProperty(KPE_PL_INTF_ID_STR); }
+std::string KPEPrjMetaDataModel::getKPEPLIntfIDString() {
+  return getStringProperty(KPE_PL_INTF_ID_STR);
+}
 
 // Written straight from the store: the text is what a document built from it would give,
 // without building one.
 void KPEPrjMetaDataModel::writeToJSONStream(std::ostream& out) const {
-  HCJsonOutputStream stream(out);
+  tarvo::jsonio::JsonOutputStream stream(out);
   Writer writer(stream);
   writer.SetIndent(' ', 2);
   writer.StartObject();

@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_ADDRESS_H
-#define KPE_CONSTRAINTS_ADDRESS_H
+#ifndef TARVO_ADDRESS_H
+#define TARVO_ADDRESS_H
 
 #include <string>
 

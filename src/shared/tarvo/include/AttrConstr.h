@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_ATTRCONSTR_H
-#define KPE_CONSTRAINTS_ATTRCONSTR_H
+#ifndef TARVO_ATTRCONSTR_H
+#define TARVO_ATTRCONSTR_H
 
 #include <cstdint>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_CONSTRCAST_H
-#define KPE_CONSTRAINTS_CONSTRCAST_H
+#ifndef TARVO_CONSTRCAST_H
+#define TARVO_CONSTRCAST_H
 
 #include "ConstrFwd.h"
 

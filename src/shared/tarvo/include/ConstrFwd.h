@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_CONSTRFWD_H
-#define KPE_CONSTRAINTS_CONSTRFWD_H
+#ifndef TARVO_CONSTRFWD_H
+#define TARVO_CONSTRFWD_H
 
 // The constraint classes, their store, resolver and visitors, declared for headers that
 // only name them.

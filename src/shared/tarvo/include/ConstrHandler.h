@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_CONSTRHANDLER_H
-#define KPE_CONSTRAINTS_CONSTRHANDLER_H
+#ifndef TARVO_CONSTRHANDLER_H
+#define TARVO_CONSTRHANDLER_H
 
 #include <cstddef>
 #include <functional>
@@ -254,9 +254,10 @@ class ConstrHandler {
   template <class T>
   void setNodeLists(ConstrType type, ObjectType objType, std::string const& objName, NameList const& names,
                     bool notColocated);
+  typedef void (ConstrHandler::*NodeListsSet)(ObjectType, std::string const&, NameList const&, bool);
   template <class T>
   void addNodeLists(ConstrType type, ObjectType objType, std::string const& objName, NameList const& names,
-                    bool notColocated);
+                    bool notColocated, NodeListsSet set);
   template <class T>
   T* findOrCreateGroup(ConstrType type, std::string const& name, bool& created);
   template <class T>

@@ -1,5 +1,5 @@
-#ifndef CONSTRJSONVIEWS_H
-#define CONSTRJSONVIEWS_H
+#ifndef TARVO_CONSTRJSONVIEWS_H
+#define TARVO_CONSTRJSONVIEWS_H
 
 #include <string>
 #include <vector>

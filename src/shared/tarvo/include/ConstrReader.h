@@ -1,5 +1,5 @@
-#ifndef CONSTRREADER_H
-#define CONSTRREADER_H
+#ifndef TARVO_CONSTRREADER_H
+#define TARVO_CONSTRREADER_H
 
 #include <rapidjson/schema.h>
 
@@ -11,7 +11,6 @@
 
 #include "BaseConstraint.h"
 #include "ComMsgMgr.h"
-#include "ConstrSourceScanner.h"
 #include "PhysicalRange.h"
 
 namespace kpe {
@@ -20,6 +19,8 @@ namespace constraints {
 class Address;
 class BaseNameResolver;
 class ConstrHandler;
+class ConstrSourceScanner;
+struct ConstrSourcePosition;
 
 // Reads a constraint document into a ConstrHandler through its set and add operations. Names
 // of the document pass through a BaseNameResolver on the way in. Each constraint learns
@@ -53,7 +54,7 @@ class ConstrReader {
     std::vector<std::string> names;
     std::vector<bool> soft;
   };
-  typedef ConstrSourceScanner::Position Position;
+  typedef ConstrSourcePosition Position;
 
   void readFile(std::string const& fileName, bool validate, Scope scope);
   void readStream(std::istream& in, std::string const& fileName, bool validate, Scope scope);

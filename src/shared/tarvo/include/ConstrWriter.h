@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_CONSTRWRITER_H
-#define KPE_CONSTRAINTS_CONSTRWRITER_H
+#ifndef TARVO_CONSTRWRITER_H
+#define TARVO_CONSTRWRITER_H
 
 #include <rapidjson/schema.h>
 

@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_DEFAULTEDATTR_H
-#define KPE_CONSTRAINTS_DEFAULTEDATTR_H
+#ifndef TARVO_DEFAULTEDATTR_H
+#define TARVO_DEFAULTEDATTR_H
 
 #include <memory>
 #include <string>

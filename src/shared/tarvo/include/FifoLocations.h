@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_FIFOLOCATIONS_H
-#define KPE_CONSTRAINTS_FIFOLOCATIONS_H
+#ifndef TARVO_FIFOLOCATIONS_H
+#define TARVO_FIFOLOCATIONS_H
 
 #include <cstdint>
 #include <map>

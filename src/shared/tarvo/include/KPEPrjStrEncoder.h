@@ -1,5 +1,5 @@
-#ifndef KPEPRJSTRENCODER_H
-#define KPEPRJSTRENCODER_H
+#ifndef TARVO_KPEPRJSTRENCODER_H
+#define TARVO_KPEPRJSTRENCODER_H
 
 #include <map>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef NOCJSONREADWRITEUTILS_H
-#define NOCJSONREADWRITEUTILS_H
+#ifndef TARVO_NOCJSONREADWRITEUTILS_H
+#define TARVO_NOCJSONREADWRITEUTILS_H
 
 #include <initializer_list>
 #include <string>

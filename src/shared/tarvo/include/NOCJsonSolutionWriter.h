@@ -1,5 +1,5 @@
-#ifndef NOCJSONSOLUTIONWRITER_H
-#define NOCJSONSOLUTIONWRITER_H
+#ifndef TARVO_NOCJSONSOLUTIONWRITER_H
+#define TARVO_NOCJSONSOLUTIONWRITER_H
 
 #include <functional>
 #include <iosfwd>

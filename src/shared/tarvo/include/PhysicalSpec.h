@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_PHYSICALSPEC_H
-#define KPE_CONSTRAINTS_PHYSICALSPEC_H
+#ifndef TARVO_PHYSICALSPEC_H
+#define TARVO_PHYSICALSPEC_H
 
 #include <cstdint>
 #include <string>

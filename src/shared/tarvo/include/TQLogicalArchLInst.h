@@ -1,5 +1,5 @@
-#ifndef TQLOGICALARCHLINST_H
-#define TQLOGICALARCHLINST_H
+#ifndef TARVO_TQLOGICALARCHLINST_H
+#define TARVO_TQLOGICALARCHLINST_H
 
 #include <map>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef TQLOGICALARCHMODEL_H
-#define TQLOGICALARCHMODEL_H
+#ifndef TARVO_TQLOGICALARCHMODEL_H
+#define TARVO_TQLOGICALARCHMODEL_H
 
 #include <cstdint>
 #include <map>

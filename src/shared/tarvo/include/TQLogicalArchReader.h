@@ -1,5 +1,5 @@
-#ifndef TQLOGICALARCHREADER_H
-#define TQLOGICALARCHREADER_H
+#ifndef TARVO_TQLOGICALARCHREADER_H
+#define TARVO_TQLOGICALARCHREADER_H
 
 #include <iosfwd>
 #include <string>

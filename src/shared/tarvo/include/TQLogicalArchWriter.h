@@ -1,5 +1,5 @@
-#ifndef TQLOGICALARCHWRITER_H
-#define TQLOGICALARCHWRITER_H
+#ifndef TARVO_TQLOGICALARCHWRITER_H
+#define TARVO_TQLOGICALARCHWRITER_H
 
 #include <iosfwd>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef TQLOGICALCONNECTION_H
-#define TQLOGICALCONNECTION_H
+#ifndef TARVO_TQLOGICALCONNECTION_H
+#define TARVO_TQLOGICALCONNECTION_H
 
 #include <cstdint>
 #include <string>

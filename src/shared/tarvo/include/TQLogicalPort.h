@@ -1,5 +1,5 @@
-#ifndef TQLOGICALPORT_H
-#define TQLOGICALPORT_H
+#ifndef TARVO_TQLOGICALPORT_H
+#define TARVO_TQLOGICALPORT_H
 
 #include <cstdint>
 #include <string>

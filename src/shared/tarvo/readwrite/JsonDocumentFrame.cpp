@@ -3,24 +3,33 @@
 #include <rapidjson/stringbuffer.h>
 
 #include "ComMsgMgr.h"
-#include "HCRapidJsonStreams.h"
 #include "HUTFile.h"
 #include "HUTFileWriteStream.h"
 #include "JsonForwardingHandler.h"
+#include "JsonInputStream.h"
+#include "JsonOutputStream.h"
+#include "JsonParse.h"
+#include "JsonPointerText.h"
+#include "JsonSchemaCheck.h"
 #include "xp_ifstream.h"
 
 typedef HCRapidJsonReadWriteUtils Json;
+using tarvo::jsonio::JsonInputStream;
+using tarvo::jsonio::JsonOutputStream;
+using tarvo::jsonio::JsonParse;
 
 namespace {
 
-typedef rapidjson::PrettyWriter<HCJsonOutputStream> PrettyWriter;
+typedef rapidjson::PrettyWriter<JsonOutputStream> PrettyWriter;
 typedef JsonForwardingHandler<PrettyWriter> WriterHandler;
 typedef rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, WriterHandler> WritingValidator;
 
 constexpr std::size_t kSchemaStackCapacity = 1024;
 constexpr std::size_t kDocumentStackCapacity = 256;
 
-std::string uriFragment(rapidjson::Pointer const& pointer) { return Json::GetUriFragment(pointer); }
+std::string uriFragment(rapidjson::Pointer const& pointer) {
+  return tarvo::jsonio::JsonPointerText::uriFragment(pointer);
+}
 
 template <typename Validator>
 void describe(Validator const& validator, JsonDocumentFrame::SchemaViolation* violation) {
@@ -50,19 +59,18 @@ std::string JsonDocumentFrame::canonicalName(std::string const& fileName) {
 }
 
 void JsonDocumentFrame::parse(std::istream& in, std::string const& fileName, Document& doc) {
-  Json::ParseJsonStream(in, fileName, doc);
+  JsonParse::parseOrReport(in, fileName, doc);
 }
 
-std::unique_ptr<rapidjson::SchemaDocument> JsonDocumentFrame::loadSchema(std::string const& schemaPath,
-                                                                         Opener opener) {
+std::unique_ptr<rapidjson::SchemaDocument> JsonDocumentFrame::loadSchema(std::string const& schemaPath, Opener opener) {
   std::string const canonical = canonicalName(schemaPath);
   ovk::iostreams::xp_ifstream in(canonical.c_str(), openerOf(opener));
   if (!isReadable(canonical, in)) Json::errorReadingSchemaFile(canonical);
   Document schema;
-  HCJsonInputStream stream(in);
-  rapidjson::ParseResult const result = Json::ParseStream(stream, schema);
-  if (result.IsError()) Json::errorParsingSchemaFile(canonical, Json::GetErrorMsgFromParse(result, stream));
-  Json::validateSchemaDocument(schema, canonical);
+  JsonInputStream stream(in);
+  rapidjson::ParseResult const result = JsonParse::parse(stream, schema);
+  if (result.IsError()) Json::errorParsingSchemaFile(canonical, JsonParse::errorText(result, stream));
+  tarvo::jsonio::JsonSchemaCheck::checkDraft04(schema, canonical);
   return std::make_unique<rapidjson::SchemaDocument>(schema);
 }
 
@@ -92,7 +100,7 @@ bool JsonDocumentFrame::readFile(std::string const& fileName, Opener opener,
 
 bool JsonDocumentFrame::writeValidated(std::ostream& out, Value const& doc, rapidjson::SchemaDocument const& schema,
                                        rapidjson::PrettyFormatOptions format, SchemaViolation* violation) {
-  HCJsonOutputStream stream(out);
+  JsonOutputStream stream(out);
   PrettyWriter writer(stream);
   writer.SetIndent(' ', 2);
   writer.SetFormatOptions(format);
@@ -104,7 +112,7 @@ bool JsonDocumentFrame::writeValidated(std::ostream& out, Value const& doc, rapi
 }
 
 void JsonDocumentFrame::writePretty(std::ostream& out, Value const& doc, rapidjson::PrettyFormatOptions format) {
-  HCJsonOutputStream stream(out);
+  JsonOutputStream stream(out);
   PrettyWriter writer(stream);
   writer.SetIndent(' ', 2);
   writer.SetFormatOptions(format);

@@ -1,5 +1,5 @@
-#ifndef JSONEVENTFRAME_H
-#define JSONEVENTFRAME_H
+#ifndef TARVO_JSONEVENTFRAME_H
+#define TARVO_JSONEVENTFRAME_H
 
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/reader.h>
@@ -15,9 +15,12 @@
 #include <vector>
 
 #include "HCRapidJsonReadWriteUtils.h"
-#include "HCRapidJsonStreams.h"
 #include "JsonDocumentFrame.h"
 #include "JsonForwardingHandler.h"
+#include "JsonInputStream.h"
+#include "JsonOutputStream.h"
+#include "JsonParse.h"
+#include "JsonPointerText.h"
 
 // The load and write sequences of JsonDocumentFrame for a reader or writer that builds or walks
 // a large model event by event: the document tree of a text and a model made from it together
@@ -48,7 +51,7 @@ class JsonEventFrame {
  private:
   template <typename Handler>
   class ValidatingSplitter;
-  typedef rapidjson::PrettyWriter<HCJsonOutputStream> PrettyWriter;
+  typedef rapidjson::PrettyWriter<tarvo::jsonio::JsonOutputStream> PrettyWriter;
 };
 
 // Passes each event to the validator and, while all were valid, to the handler; refuses
@@ -115,7 +118,7 @@ class JsonEventFrame::ValidatingSplitter {
     return true;
   }
   bool enter() {
-    if (++m_depth <= HCRapidJsonReadWriteUtils::kMaxNestingDepth) return true;
+    if (++m_depth <= tarvo::jsonio::JsonParse::kMaxNestingDepth) return true;
     m_tooDeep = true;
     return false;
   }
@@ -131,6 +134,7 @@ template <typename Handler>
 void JsonEventFrame::load(std::istream& in, std::string const& fileName, std::string const& schemaPath,
                           Handler& handler) {
   typedef HCRapidJsonReadWriteUtils Json;
+  typedef tarvo::jsonio::JsonParse JsonParse;
   std::unique_ptr<rapidjson::SchemaDocument> schema;
   std::exception_ptr schemaFailure;
   try {
@@ -141,15 +145,15 @@ void JsonEventFrame::load(std::istream& in, std::string const& fileName, std::st
   std::unique_ptr<rapidjson::SchemaValidator> validator;
   if (schema) validator = std::make_unique<rapidjson::SchemaValidator>(*schema);
   ValidatingSplitter<Handler> splitter(validator.get(), schema ? &handler : nullptr);
-  HCJsonInputStream stream(in);
+  tarvo::jsonio::JsonInputStream stream(in);
   rapidjson::Reader reader;
   rapidjson::ParseResult result = reader.Parse<rapidjson::kParseDefaultFlags>(stream, splitter);
-  // The parser stops behind the bracket that went too deep; the report points at the bracket.
-  if (splitter.tooDeep()) result.Set(rapidjson::kParseErrorTermination, result.Offset() - 1);
-  if (result.IsError()) Json::errorParsingJsonFile(fileName, Json::GetErrorMsgFromParse(result, stream));
+  if (splitter.tooDeep()) JsonParse::markTooDeep(result);
+  if (result.IsError()) Json::errorParsingJsonFile(fileName, JsonParse::errorText(result, stream));
   if (schemaFailure) std::rethrow_exception(schemaFailure);
   if (!splitter.valid())
-    Json::errorParsingJsonFile(fileName, Json::GetUriFragment(validator->GetInvalidDocumentPointer()));
+    Json::errorParsingJsonFile(fileName,
+                               tarvo::jsonio::JsonPointerText::uriFragment(validator->GetInvalidDocumentPointer()));
 }
 
 // Keeps the member and element counts that the closing events carry.
@@ -220,11 +224,11 @@ class JsonEventFrame::Emitter {
 };
 
 template <typename Produce>
-bool JsonEventFrame::writeValidated(std::ostream& out, rapidjson::SchemaDocument const& schema,
-                                    Produce const& produce, JsonDocumentFrame::SchemaViolation* violation) {
+bool JsonEventFrame::writeValidated(std::ostream& out, rapidjson::SchemaDocument const& schema, Produce const& produce,
+                                    JsonDocumentFrame::SchemaViolation* violation) {
   typedef JsonForwardingHandler<PrettyWriter> Handler;
   typedef rapidjson::GenericSchemaValidator<rapidjson::SchemaDocument, Handler> Validator;
-  HCJsonOutputStream stream(out);
+  tarvo::jsonio::JsonOutputStream stream(out);
   PrettyWriter writer(stream);
   writer.SetIndent(' ', 2);
   Handler handler(&writer);
@@ -233,9 +237,9 @@ bool JsonEventFrame::writeValidated(std::ostream& out, rapidjson::SchemaDocument
   produce(emitter);
   if (!emitter.ok() && violation != nullptr) {
     char const* keyword = validator.GetInvalidSchemaKeyword();
-    *violation = {HCRapidJsonReadWriteUtils::GetUriFragment(validator.GetInvalidSchemaPointer()),
+    *violation = {tarvo::jsonio::JsonPointerText::uriFragment(validator.GetInvalidSchemaPointer()),
                   keyword != nullptr ? keyword : "",
-                  HCRapidJsonReadWriteUtils::GetUriFragment(validator.GetInvalidDocumentPointer())};
+                  tarvo::jsonio::JsonPointerText::uriFragment(validator.GetInvalidDocumentPointer())};
   }
   return emitter.ok();
 }

@@ -3,20 +3,14 @@
 #include "HSTStrUtils.h"
 #include "KPEShimInterfaceSolution.h"
 #include "TQLogicalPort.h"
+#include "TrafficInstanceLookup.h"
 #include "TrafficSpec.h"
 
 using HrdIPToolCntr::TrafficLInst;
 
-TrafficLInst const* KPEShimPortSites::logicalInstance(HrdIPToolCntr::TrafficSpec const& traffic,
-                                                      std::string const& channelName) {
-  if (TrafficLInst const* master = traffic.hasLogicalMaster(channelName)) return master;
-  if (TrafficLInst const* slave = traffic.hasLogicalSlave(channelName)) return slave;
-  return traffic.getTQLogicalInst(channelName);
-}
-
 GRMBel KPEShimPortSites::siteOf(HrdIPToolCntr::TrafficSpec const& traffic, KPEShimInterfaceSolution const& solution,
                                 std::string const& channelName) {
-  TrafficLInst const* instance = logicalInstance(traffic, channelName);
+  TrafficLInst const* instance = TrafficInstanceLookup::find(traffic, channelName);
   return instance != nullptr ? solution.getPhysicalForLogical(instance) : GRMBel();
 }
 

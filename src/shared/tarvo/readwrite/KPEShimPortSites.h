@@ -1,5 +1,5 @@
-#ifndef KPESHIMPORTSITES_H
-#define KPESHIMPORTSITES_H
+#ifndef TARVO_KPESHIMPORTSITES_H
+#define TARVO_KPESHIMPORTSITES_H
 
 #include <string>
 #include <vector>
@@ -22,10 +22,6 @@ class TQLogicalPort;
 // specification, and the solution places those instances on sites.
 class KPEShimPortSites {
  public:
-  // The first of the traffic specification's master, slave and array look-ups that knows
-  // `channelName`, or null.
-  static HrdIPToolCntr::TrafficLInst const* logicalInstance(HrdIPToolCntr::TrafficSpec const& traffic,
-                                                            std::string const& channelName);
   // The site of a channel; bad when the channel is unknown or not placed.
   static GRMBel siteOf(HrdIPToolCntr::TrafficSpec const& traffic, KPEShimInterfaceSolution const& solution,
                        std::string const& channelName);

@@ -1,5 +1,5 @@
-#ifndef LOGICALARCHDOCUMENTKEYS_H
-#define LOGICALARCHDOCUMENTKEYS_H
+#ifndef TARVO_LOGICALARCHDOCUMENTKEYS_H
+#define TARVO_LOGICALARCHDOCUMENTKEYS_H
 
 // The keys of the logical architecture document, shared by its reader and writer. The texts
 // of the enumerations are the model's own (TQLogicalArchTypes.h).

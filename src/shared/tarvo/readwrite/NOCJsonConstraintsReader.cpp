@@ -10,6 +10,7 @@
 #include "JsonDocumentFrame.h"
 #include "NOCConstraintsDocumentKeys.h"
 #include "NOCJsonReadWriteUtils.h"
+#include "TrafficInstanceLookup.h"
 #include "TrafficSpec.h"
 
 using DevHrdIP::Component;
@@ -27,14 +28,9 @@ namespace NOC {
 
 namespace {
 
-TrafficLInst const* findInstance(TrafficSpec const& spec, std::string const& name) {
-  if (TrafficLInst const* master = spec.hasLogicalMaster(name)) return master;
-  if (TrafficLInst const* slave = spec.hasLogicalSlave(name)) return slave;
-  return spec.getTQLogicalInst(name);
-}
-
 void readPlacement(Value const& object, NOCModel const* noc, TrafficSpec const& spec, Constraints& constraints) {
-  TrafficLInst const* instance = findInstance(spec, Json::GetStringProperty(object, Keys::logicalInstance));
+  TrafficLInst const* instance =
+      TrafficInstanceLookup::find(spec, Json::GetStringProperty(object, Keys::logicalInstance));
   if (instance == nullptr) return;
   std::vector<std::string> const names = Json::GetStringArrayProperty(object, Keys::physicalInstance);
   bool const soft = Json::GetBooleanProperty(object, Keys::isSoft);

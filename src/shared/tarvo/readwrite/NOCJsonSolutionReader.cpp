@@ -9,11 +9,15 @@
 #include "HCRapidJsonReadWriteUtils.h"
 #include "HIPLogicalObjectNameResolverInterface.h"
 #include "JsonDocumentFrame.h"
+#include "JsonMembers.h"
 #include "NOCJsonEnumTexts.h"
 #include "NOCJsonReadWriteUtils.h"
 #include "NOCSolutionDocumentKeys.h"
+#include "StringScan.h"
 #include "TrafficSpec.h"
 
+using tarvo::jsonio::JsonMembers;
+using tarvo::jsonio::StringScan;
 using namespace DevHrdIP::Definitions;
 using DevHrdIP::Component;
 using DevHrdIP::Link;
@@ -32,19 +36,6 @@ typedef NOCSolutionDocumentKeys Keys;
 namespace NOC {
 
 namespace {
-
-bool endsWith(std::string const& text, std::string const& ending) {
-  return text.size() >= ending.size() && text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
-}
-
-bool startsWith(std::string const& text, std::string const& prefix) {
-  return text.compare(0, prefix.size(), prefix) == 0;
-}
-
-Value const* arrayMember(Value const& object, std::string const& key) {
-  if (!Json::IsArrayProperty(object, key)) return nullptr;
-  return &object.FindMember(rapidjson::StringRef(key.data(), static_cast<rapidjson::SizeType>(key.size())))->value;
-}
 
 // What a path of the document names, in the order of its keys.
 struct PathEntry {
@@ -76,10 +67,10 @@ class SolutionDocumentReader {
     bool const lockAll =
         Json::IsBooleanProperty(root, Keys::lockAllDestIds) && Json::GetBooleanProperty(root, Keys::lockAllDestIds);
     m_result.setHasLockedDestIdsForAllComps(lockAll);
-    if (Value const* paths = arrayMember(root, Keys::paths))
+    if (Value const* paths = JsonMembers::findArray(root, Keys::paths))
       for (Value const& path : paths->GetArray())
         readPath(path);
-    if (Value const* components = arrayMember(root, Keys::components))
+    if (Value const* components = JsonMembers::findArray(root, Keys::components))
       for (Value const& component : components->GetArray())
         readComponent(component);
   }
@@ -106,11 +97,12 @@ class SolutionDocumentReader {
   // Names of the document to names of the traffic specification. Error slaves keep their names
   // unless the translation lies in a reconfigurable partition.
   std::string translate(std::string const& name) const {
-    if (endsWith(name, TrafficSpec::getErrorSlaveName()) || endsWith(name, TrafficSpec::getErrorSlaveName_hp())) {
+    if (StringScan::endsWith(name, TrafficSpec::getErrorSlaveName()) ||
+        StringScan::endsWith(name, TrafficSpec::getErrorSlaveName_hp())) {
       if (!m_spec.hasRcfPaths()) return name;
       std::string const candidate = m_resolver.toNetlistName(name);
       for (std::string const& rcfPath : m_spec.getRcfPaths())
-        if (startsWith(candidate, rcfPath)) return candidate;
+        if (StringScan::startsWith(candidate, rcfPath)) return candidate;
       return name;
     }
     std::string instance = m_resolver.toNetlistInstance(name);
@@ -142,7 +134,7 @@ class SolutionDocumentReader {
     uint32_t readLatencySum = 0;
     uint32_t writeLatencySum = 0;
     TrafficPath const* current = nullptr;
-    if (Value const* nets = arrayMember(object, Keys::nets)) {
+    if (Value const* nets = JsonMembers::findArray(object, Keys::nets)) {
       for (Value const& net : nets->GetArray()) {
         int const type = Keys::commTypeOf(Json::GetStringProperty(net, Keys::commType));
         TrafficNet const* match = lastMatch(candidates, type, entry.port);
@@ -171,7 +163,7 @@ class SolutionDocumentReader {
 
   std::vector<Link const*> links(Value const& net) {
     std::vector<Link const*> route;
-    Value const* connections = arrayMember(net, Keys::connections);
+    Value const* connections = JsonMembers::findArray(net, Keys::connections);
     if (connections == nullptr) return route;
     rapidjson::SizeType const count = connections->Size();
     if (count % 4 != 0)
@@ -181,7 +173,7 @@ class SolutionDocumentReader {
     for (rapidjson::SizeType i = 0; i < count; i += 4) {
       for (rapidjson::SizeType k = 0; k < 4; ++k)
         assignText((*connections)[i + k], m_quad[k]);
-      Link const* link = findLink(route.empty() ? nullptr : route.back());
+      Link const* link = findLink();
       if (link == nullptr)
         throw std::runtime_error("No Connection between " + m_quad[0] + " " + m_quad[1] + " to " + m_quad[2] + " " +
                                  m_quad[3] + "\nDevice Model version mismatch!" +
@@ -191,11 +183,8 @@ class SolutionDocumentReader {
     return route;
   }
 
-  // The link between the ports that m_quad names. A route mostly goes on from where the last
-  // link ended, and then that component need not be looked up by name.
-  Link const* findLink(Link const* previous) const {
-    if (previous != nullptr && previous->getDstComponent()->getName() == m_quad[0])
-      return previous->getDstComponent()->getOutgoingLink(m_quad[1], m_quad[2], m_quad[3]);
+  // The link between the ports that m_quad names, through the NoC model's own look-up.
+  Link const* findLink() const {
     return m_noc ? m_noc->getLinkBetween(m_quad[0], m_quad[1], m_quad[2], m_quad[3]) : nullptr;
   }
 

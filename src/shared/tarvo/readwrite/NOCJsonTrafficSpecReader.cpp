@@ -9,10 +9,15 @@
 #include "HDGUIStatus.h"
 #include "HIPLogicalObjectNameResolverInterface.h"
 #include "JsonDocumentFrame.h"
+#include "JsonMembers.h"
 #include "NOCJsonEnumTexts.h"
 #include "NOCJsonReadWriteUtils.h"
+#include "NOCTrafficDocumentKeys.h"
+#include "StringScan.h"
 #include "TrafficSpec.h"
 
+using tarvo::jsonio::JsonMembers;
+using tarvo::jsonio::StringScan;
 using namespace DevHrdIP::Definitions;
 using HrdIPToolCntr::DestIdRepr;
 using HrdIPToolCntr::PerfSpec;
@@ -22,17 +27,15 @@ using HrdIPToolCntr::TrafficSpec;
 
 typedef HCRapidJsonReadWriteUtils Json;
 typedef JsonDocumentFrame::Value Value;
+typedef NOCTrafficDocumentKeys Keys;
 
 namespace NOC {
 
 namespace {
 
-bool endsWith(std::string const& text, std::string const& ending) {
-  return text.size() >= ending.size() && text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
-}
-
 bool isErrorSlaveName(std::string const& name) {
-  return endsWith(name, TrafficSpec::getErrorSlaveName()) || endsWith(name, TrafficSpec::getErrorSlaveName_hp());
+  return StringScan::endsWith(name, TrafficSpec::getErrorSlaveName()) ||
+         StringScan::endsWith(name, TrafficSpec::getErrorSlaveName_hp());
 }
 
 // Base 0: "0x" hexadecimal, a leading 0 octal, otherwise decimal; no number reads as 0.
@@ -46,26 +49,9 @@ uint64_t addressProperty(Value const& object, std::string const& key) {
   return Json::GetULongProperty(object, key);
 }
 
-Value const* member(Value const& object, char const* key) {
-  if (!object.IsObject()) return nullptr;
-  Value::ConstMemberIterator const found = object.FindMember(key);
-  return found != object.MemberEnd() ? &found->value : nullptr;
-}
-
-// The member's value when it is an array (an object), otherwise null.
-Value const* arrayMember(Value const& object, char const* key) {
-  Value const* value = member(object, key);
-  return value != nullptr && value->IsArray() ? value : nullptr;
-}
-
-Value const* objectMember(Value const& object, char const* key) {
-  Value const* value = member(object, key);
-  return value != nullptr && value->IsObject() ? value : nullptr;
-}
-
 // The member's text as it lies in the document, empty when it is no string.
-std::string_view stringView(Value const& object, char const* key) {
-  Value const* value = member(object, key);
+std::string_view stringView(Value const& object, std::string const& key) {
+  Value const* value = JsonMembers::find(object, key);
   return value != nullptr && value->IsString() ? std::string_view(value->GetString(), value->GetStringLength())
                                                : std::string_view();
 }
@@ -156,16 +142,16 @@ class TrafficDocumentReader {
 };
 
 void TrafficDocumentReader::readInstance(Value const& object) {
-  std::string_view const nameInDocument = stringView(object, "Name");
+  std::string_view const nameInDocument = stringView(object, Keys::name);
   std::string const name(nameInDocument);
-  bool const isMaster = Json::GetBooleanProperty(object, "IsMaster");
-  std::string const compTypeText = Json::GetStringProperty(object, "CompType");
-  bool const firewall = Json::GetBooleanProperty(object, "Firewall");
-  AxiProt const protocol = axiProtFromText(Json::GetStringProperty(object, "Protocol"));
+  bool const isMaster = Json::GetBooleanProperty(object, Keys::isMaster);
+  std::string const compTypeText = Json::GetStringProperty(object, Keys::compType);
+  bool const firewall = Json::GetBooleanProperty(object, Keys::firewall);
+  AxiProt const protocol = axiProtFromText(Json::GetStringProperty(object, Keys::protocol));
   COMP_TYPE const compType = compTypeFromText(compTypeText);
   if (compType == COMPERR) Json::errorParsingJsonFile(m_fileName, "Unknown component type : " + compTypeText);
-  bool const isVirtual = Json::GetBooleanProperty(object, "IsVirtual");
-  bool const hasDestId = Json::IsIntegrProperty(object, "DestId");
+  bool const isVirtual = Json::GetBooleanProperty(object, Keys::isVirtual);
+  bool const hasDestId = Json::IsIntegrProperty(object, Keys::destId);
   if (name.empty()) Json::errorParsingJsonFile(m_fileName, "Empty logical instance name");
 
   std::string const netlistName = isVirtual ? m_resolver.toNetlistName(name) : netlistInstanceName(name);
@@ -173,25 +159,26 @@ void TrafficDocumentReader::readInstance(Value const& object) {
     Json::errorParsingJsonFile(m_fileName, "Could not find netlist instance for traffic spec instance: " + name);
   m_instances[nameInDocument] = DocumentInstance{netlistName};
 
-  TrafficLInst::ExternalConns const conns = netlistExternalConns(Json::GetStringProperty(object, "ExternalConn"));
+  TrafficLInst::ExternalConns const conns = netlistExternalConns(Json::GetStringProperty(object, Keys::externalConn));
   TrafficLInst& instance = *m_spec.addLogicalInstance(netlistName, protocol, compType, conns);
   instance.firewall = firewall;
-  instance.setDesignName(object.HasMember("DesignName") ? Json::GetStringProperty(object, "DesignName") : "");
+  instance.setDesignName(object.HasMember(Keys::designName) ? Json::GetStringProperty(object, Keys::designName) : "");
   if (isMaster)
     readMasterKeys(object, instance);
   else
     readSlaveKeys(object, instance);
 
-  if (Value const* params = objectMember(object, "ConfigParams")) {
+  if (Value const* params = JsonMembers::findObject(object, Keys::configParams)) {
     for (auto const& param : params->GetObject())
       instance.addConfigParam(stringValue(param.name), stringValue(param.value));
   }
-  if (object.HasMember("SimMetaData")) instance.ipName = Json::GetStringProperty(object["SimMetaData"], "IPName");
-  instance.setUseDestIdIdx(Json::GetBooleanProperty(object, "UseDestIdIdx"));
-  instance.setHasParityAddr(Json::GetBooleanProperty(object, "HasParityAddr"));
-  instance.setHasParityData(Json::GetBooleanProperty(object, "HasParityData"));
+  if (object.HasMember(Keys::simMetaData))
+    instance.ipName = Json::GetStringProperty(object[Keys::simMetaData], Keys::ipName);
+  instance.setUseDestIdIdx(Json::GetBooleanProperty(object, Keys::useDestIdIdx));
+  instance.setHasParityAddr(Json::GetBooleanProperty(object, Keys::hasParityAddr));
+  instance.setHasParityData(Json::GetBooleanProperty(object, Keys::hasParityData));
   if (readsAxiWidth(compType))
-    instance.setAxiWidth(static_cast<unsigned>(Json::GetIntegrProperty(object, "AxiDataWidth")));
+    instance.setAxiWidth(static_cast<unsigned>(Json::GetIntegrProperty(object, Keys::axiDataWidth)));
   if (isMemoryControllerText(compTypeText)) readMemoryControllerKeys(object, compTypeText, instance);
 
   instance.virtualInstance = isVirtual;
@@ -200,46 +187,47 @@ void TrafficDocumentReader::readInstance(Value const& object) {
 }
 
 void TrafficDocumentReader::readMasterKeys(Value const& object, TrafficLInst& instance) {
-  if (Value const* remaps = arrayMember(object, "Remap")) {
+  if (Value const* remaps = JsonMembers::findArray(object, Keys::remap)) {
     for (Value const& remap : remaps->GetArray()) {
-      instance.addRemapAddrSpec(numberFromText(Json::GetStringProperty(remap, "Logical")),
-                                numberFromText(Json::GetStringProperty(remap, "Physical")),
-                                numberFromText(Json::GetStringProperty(remap, "Range")));
+      instance.addRemapAddrSpec(numberFromText(Json::GetStringProperty(remap, Keys::logical)),
+                                numberFromText(Json::GetStringProperty(remap, Keys::physical)),
+                                numberFromText(Json::GetStringProperty(remap, Keys::range)));
     }
   }
-  if (object.HasMember("ReadTC")) instance.setReadTC(trafficClassFromText(Json::GetStringProperty(object, "ReadTC")));
-  if (object.HasMember("WriteTC"))
-    instance.setWriteTC(trafficClassFromText(Json::GetStringProperty(object, "WriteTC")));
-  instance.setNumReadOutstanding(static_cast<uint16_t>(Json::GetIntegrProperty(object, "NumReadOutstanding")));
-  instance.setNumWriteOutstanding(static_cast<uint16_t>(Json::GetIntegrProperty(object, "NumWriteOutstanding")));
-  instance.setReadRateLimiter(static_cast<float>(Json::GetIntegrProperty(object, "ReadRateLimiter")));
-  instance.setWriteRateLimiter(static_cast<float>(Json::GetIntegrProperty(object, "WriteRateLimiter")));
+  if (object.HasMember(Keys::readTC))
+    instance.setReadTC(trafficClassFromText(Json::GetStringProperty(object, Keys::readTC)));
+  if (object.HasMember(Keys::writeTC))
+    instance.setWriteTC(trafficClassFromText(Json::GetStringProperty(object, Keys::writeTC)));
+  instance.setNumReadOutstanding(static_cast<uint16_t>(Json::GetIntegrProperty(object, Keys::numReadOutstanding)));
+  instance.setNumWriteOutstanding(static_cast<uint16_t>(Json::GetIntegrProperty(object, Keys::numWriteOutstanding)));
+  instance.setReadRateLimiter(static_cast<float>(Json::GetIntegrProperty(object, Keys::readRateLimiter)));
+  instance.setWriteRateLimiter(static_cast<float>(Json::GetIntegrProperty(object, Keys::writeRateLimiter)));
 }
 
 void TrafficDocumentReader::readSlaveKeys(Value const& object, TrafficLInst& instance) {
-  if (object.HasMember("SysAddresses")) {
-    if (Value const* addresses = arrayMember(object, "SysAddresses")) {
+  if (object.HasMember(Keys::sysAddresses)) {
+    if (Value const* addresses = JsonMembers::findArray(object, Keys::sysAddresses)) {
       for (Value const& address : addresses->GetArray())
-        instance.addSysAddress({addressProperty(address, "Base"), addressProperty(address, "Size")});
+        instance.addSysAddress({addressProperty(address, Keys::base), addressProperty(address, Keys::size)});
     }
-  } else if (object.HasMember("SysAddress")) {
+  } else if (object.HasMember(Keys::sysAddress)) {
     instance.addSysAddress(
-        {Json::GetULongProperty(object, "SysAddress"), Json::GetULongProperty(object, "SysAddressSize")});
+        {Json::GetULongProperty(object, Keys::sysAddress), Json::GetULongProperty(object, Keys::sysAddressSize)});
   }
-  if (!object.HasMember("MemoryParams")) return;
-  Value const& params = object["MemoryParams"];
+  if (!object.HasMember(Keys::memoryParams)) return;
+  Value const& params = object[Keys::memoryParams];
   if (params.IsObject()) {
     for (auto const& param : params.GetObject())
       instance.addMemoryParam(stringValue(param.name), stringValue(param.value));
   } else if (params.IsArray()) {
     for (Value const& param : params.GetArray())
-      instance.addMemoryParam(Json::GetStringProperty(param, "Name"), Json::GetStringProperty(param, "Value"));
+      instance.addMemoryParam(Json::GetStringProperty(param, Keys::name), Json::GetStringProperty(param, Keys::value));
   }
 }
 
 void TrafficDocumentReader::readMemoryControllerKeys(Value const& object, std::string const& compTypeText,
                                                      TrafficLInst& instance) {
-  for (std::string const& portText : Json::GetStringArrayProperty(object, "Ports")) {
+  for (std::string const& portText : Json::GetStringArrayProperty(object, Keys::ports)) {
     PORT_TYPE const port = portTypeFromText(portText);
     if (port != PORT_INVALID)
       m_spec.addPortTypeForMC(&instance, port);
@@ -247,24 +235,24 @@ void TrafficDocumentReader::readMemoryControllerKeys(Value const& object, std::s
       NOCJsonReadWriteUtils::issueInvalidPortForLogicalSlave(portText, instance.getName());
   }
   if (compTypeText == "HBMMC") return;
-  instance.setDdrInterleaveSize(static_cast<uint32_t>(Json::GetIntegrProperty(object, "InterleaveSize")));
-  instance.setDdrInterleaveSel(static_cast<uint16_t>(Json::GetIntegrProperty(object, "InterleaveSel")));
+  instance.setDdrInterleaveSize(static_cast<uint32_t>(Json::GetIntegrProperty(object, Keys::interleaveSize)));
+  instance.setDdrInterleaveSel(static_cast<uint16_t>(Json::GetIntegrProperty(object, Keys::interleaveSel)));
 }
 
 void TrafficDocumentReader::readDestId(Value const& object, TrafficLInst& instance) {
   // Only 16 bits are looked at, of which a destination id may use 12.
-  uint16_t const destId = static_cast<uint16_t>(Json::GetIntegrProperty(object, "DestId"));
+  uint16_t const destId = static_cast<uint16_t>(Json::GetIntegrProperty(object, Keys::destId));
   if (destId >= (1u << 12)) Json::errorParsingJsonFile(m_fileName, "DestId entry is expected to be a 12 bit maximum");
   instance.setDestId(DestIdRepr(destId));
 }
 
 void TrafficDocumentReader::readPath(Value const& object) {
-  int const phase = Json::GetIntegrProperty(object, "Phase");
-  DocumentInstance& from = knownInstance(stringView(object, "From"), "Path 'from' name is unknown: ");
-  DocumentInstance& to = knownInstance(stringView(object, "To"), "Path 'to' name is unknown: ");
-  std::string const portText = Json::GetStringProperty(object, "Port");
-  bool const hasDestIdIndex = Json::IsIntegrProperty(object, "DestIdIndex");
-  bool const initialBoot = Json::GetBooleanProperty(object, "InitialBoot");
+  int const phase = Json::GetIntegrProperty(object, Keys::phase);
+  DocumentInstance& from = knownInstance(stringView(object, Keys::from), "Path 'from' name is unknown: ");
+  DocumentInstance& to = knownInstance(stringView(object, Keys::to), "Path 'to' name is unknown: ");
+  std::string const portText = Json::GetStringProperty(object, Keys::port);
+  bool const hasDestIdIndex = Json::IsIntegrProperty(object, Keys::destIdIndex);
+  bool const initialBoot = Json::GetBooleanProperty(object, Keys::initialBoot);
 
   // A path from a slave or to a master is no path of this specification.
   TrafficLInst* master = from.master;
@@ -273,9 +261,12 @@ void TrafficDocumentReader::readPath(Value const& object) {
   TrafficPath& path = *m_spec.addPath(master, slave);
   path.phase = phase;
 
-  if (object.HasMember("ReadTC")) master->setReadTC(trafficClassFromText(Json::GetStringProperty(object, "ReadTC")));
-  if (object.HasMember("WriteTC")) master->setWriteTC(trafficClassFromText(Json::GetStringProperty(object, "WriteTC")));
-  if (object.HasMember("WriteOrder")) path.setWoc(writeOrderFromText(Json::GetStringProperty(object, "WriteOrder")));
+  if (object.HasMember(Keys::readTC))
+    master->setReadTC(trafficClassFromText(Json::GetStringProperty(object, Keys::readTC)));
+  if (object.HasMember(Keys::writeTC))
+    master->setWriteTC(trafficClassFromText(Json::GetStringProperty(object, Keys::writeTC)));
+  if (object.HasMember(Keys::writeOrder))
+    path.setWoc(writeOrderFromText(Json::GetStringProperty(object, Keys::writeOrder)));
   PORT_TYPE const port = portTypeFromText(portText);
   if (port != PORT_INVALID)
     path.setSlavePort(port);
@@ -283,39 +274,39 @@ void TrafficDocumentReader::readPath(Value const& object) {
     NOCJsonReadWriteUtils::issueInvalidPortType(portText);
 
   readPerfSpecs(object, path);
-  path.setExclusiveGroup(Json::GetStringProperty(object, "ExclusiveGroup"));
-  path.setSeparateRoutingGroup(Json::GetStringProperty(object, "SeparateRoutingGroup"));
+  path.setExclusiveGroup(Json::GetStringProperty(object, Keys::exclusiveGroup));
+  path.setSeparateRoutingGroup(Json::GetStringProperty(object, Keys::separateRoutingGroup));
   path.setIsExistDestIdIndex(hasDestIdIndex);
   if (hasDestIdIndex) readDestIdIndex(object, path);
   path.setIsInitialBoot(initialBoot);
-  if (Value const* ranges = arrayMember(object, "DestIdIdx")) {
+  if (Value const* ranges = JsonMembers::findArray(object, Keys::destIdIdx)) {
     for (Value const& range : ranges->GetArray()) {
-      path.addDestIdIdx({static_cast<uint8_t>(Json::GetIntegrProperty(range, "start_idx")),
-                         static_cast<uint8_t>(Json::GetIntegrProperty(range, "end_idx"))});
+      path.addDestIdIdx({static_cast<uint8_t>(Json::GetIntegrProperty(range, Keys::startIdx)),
+                         static_cast<uint8_t>(Json::GetIntegrProperty(range, Keys::endIdx))});
     }
   }
-  path.setHighPriorityRouting(Json::GetBooleanProperty(object, "HighPriorityRouting"));
+  path.setHighPriorityRouting(Json::GetBooleanProperty(object, Keys::highPriorityRouting));
   readPhaseGroups(object, path);
 }
 
 void TrafficDocumentReader::readPerfSpecs(Value const& object, TrafficPath& path) {
-  uint32_t const writeBW = static_cast<uint32_t>(Json::GetULongProperty(object, "WriteBW"));
-  uint32_t const writeLatency = static_cast<uint32_t>(Json::GetULongProperty(object, "WriteLatency"));
+  uint32_t const writeBW = static_cast<uint32_t>(Json::GetULongProperty(object, Keys::writeBW));
+  uint32_t const writeLatency = static_cast<uint32_t>(Json::GetULongProperty(object, Keys::writeLatency));
   path.setWritePerfSpec(PerfSpec(0, writeBW, writeLatency));
   // A stream only writes: its read values are not kept.
-  if (Json::GetStringProperty(object, "CommType") != "STRM") {
-    uint32_t const readBW = static_cast<uint32_t>(Json::GetULongProperty(object, "ReadBW"));
-    uint32_t const readLatency = static_cast<uint32_t>(Json::GetULongProperty(object, "ReadLatency"));
+  if (Json::GetStringProperty(object, Keys::commType) != Keys::streamCommType) {
+    uint32_t const readBW = static_cast<uint32_t>(Json::GetULongProperty(object, Keys::readBW));
+    uint32_t const readLatency = static_cast<uint32_t>(Json::GetULongProperty(object, Keys::readLatency));
     path.setReadPerfSpec(PerfSpec(0, readBW, readLatency));
-    if (object.HasMember("ReadAvgBurst"))
-      path.setReadAvgBurst(static_cast<uint16_t>(Json::GetULongProperty(object, "ReadAvgBurst")));
+    if (object.HasMember(Keys::readAvgBurst))
+      path.setReadAvgBurst(static_cast<uint16_t>(Json::GetULongProperty(object, Keys::readAvgBurst)));
   }
-  if (object.HasMember("WriteAvgBurst"))
-    path.setWriteAvgBurst(static_cast<uint16_t>(Json::GetULongProperty(object, "WriteAvgBurst")));
+  if (object.HasMember(Keys::writeAvgBurst))
+    path.setWriteAvgBurst(static_cast<uint16_t>(Json::GetULongProperty(object, Keys::writeAvgBurst)));
 }
 
 void TrafficDocumentReader::readDestIdIndex(Value const& object, TrafficPath& path) {
-  uint16_t const index = static_cast<uint16_t>(Json::GetIntegrProperty(object, "DestIdIndex"));
+  uint16_t const index = static_cast<uint16_t>(Json::GetIntegrProperty(object, Keys::destIdIndex));
   if (index > 7) {
     Json::errorParsingSchemaFile(JsonDocumentFrame::canonicalName(NOCJsonReadWriteUtils::getTrafficJsonSchemaFile()),
                                  "DestIdIndex field is out of expected range: [0,7]");
@@ -324,30 +315,31 @@ void TrafficDocumentReader::readDestIdIndex(Value const& object, TrafficPath& pa
 }
 
 void TrafficDocumentReader::readPhaseGroups(Value const& object, TrafficPath& path) {
-  Value const* groups = arrayMember(object, "PhaseGroups");
+  Value const* groups = JsonMembers::findArray(object, Keys::phaseGroups);
   if (groups == nullptr) return;
-  uint32_t const readLatency = static_cast<uint32_t>(Json::GetULongProperty(object, "ReadLatency"));
-  uint32_t const writeLatency = static_cast<uint32_t>(Json::GetULongProperty(object, "WriteLatency"));
+  uint32_t const readLatency = static_cast<uint32_t>(Json::GetULongProperty(object, Keys::readLatency));
+  uint32_t const writeLatency = static_cast<uint32_t>(Json::GetULongProperty(object, Keys::writeLatency));
   for (Value const& group : groups->GetArray()) {
-    std::string const groupName = Json::GetStringProperty(group, "Name");
-    Value const* phases = arrayMember(group, "Phases");
+    std::string const groupName = Json::GetStringProperty(group, Keys::name);
+    Value const* phases = JsonMembers::findArray(group, Keys::phases);
     if (phases == nullptr) continue;
     for (Value const& phase : phases->GetArray()) {
-      std::string const phaseName = Json::GetStringProperty(phase, "Name");
-      uint32_t const readBW = static_cast<uint32_t>(Json::GetULongProperty(phase, "ReadBW"));
-      uint32_t const writeBW = static_cast<uint32_t>(Json::GetULongProperty(phase, "WriteBW"));
+      std::string const phaseName = Json::GetStringProperty(phase, Keys::name);
+      uint32_t const readBW = static_cast<uint32_t>(Json::GetULongProperty(phase, Keys::readBW));
+      uint32_t const writeBW = static_cast<uint32_t>(Json::GetULongProperty(phase, Keys::writeBW));
       path.setReadPerfSpec(groupName, phaseName, PerfSpec(0, readBW, readLatency));
       path.setWritePerfSpec(groupName, phaseName, PerfSpec(0, writeBW, writeLatency));
-      path.setReadAvgBurst(static_cast<uint16_t>(Json::GetULongProperty(phase, "ReadAvgBurst")), phaseName);
-      path.setWriteAvgBurst(static_cast<uint16_t>(Json::GetULongProperty(phase, "WriteAvgBurst")), phaseName);
+      path.setReadAvgBurst(static_cast<uint16_t>(Json::GetULongProperty(phase, Keys::readAvgBurst)), phaseName);
+      path.setWriteAvgBurst(static_cast<uint16_t>(Json::GetULongProperty(phase, Keys::writeAvgBurst)), phaseName);
     }
   }
 }
 
 void TrafficDocumentReader::readSystemProperties(Value const& properties) {
-  if (properties.HasMember("Frequency")) m_spec.setFrequency(Json::GetIntegrProperty(properties, "Frequency"), true);
-  if (properties.HasMember("RcfPaths")) {
-    for (std::string path : Json::GetStringArrayProperty(properties, "RcfPaths")) {
+  if (properties.HasMember(Keys::frequency))
+    m_spec.setFrequency(Json::GetIntegrProperty(properties, Keys::frequency), true);
+  if (properties.HasMember(Keys::rcfPaths)) {
+    for (std::string path : Json::GetStringArrayProperty(properties, Keys::rcfPaths)) {
       path.erase(path.find_last_not_of('/') + 1);
       std::string netlistPath = netlistInstanceName(path);
       if (netlistPath.empty()) {
@@ -360,9 +352,10 @@ void TrafficDocumentReader::readSystemProperties(Value const& properties) {
       m_spec.addRcfPath(netlistPath + "/");
     }
   }
-  if (properties.HasMember("SECURE_QLR_ZMC_TRAFFIC"))
-    m_spec.setSecureMode(Json::GetBooleanProperty(properties, "SECURE_QLR_ZMC_TRAFFIC"));
-  m_spec.setDeviceName(properties.HasMember("DeviceName") ? Json::GetStringProperty(properties, "DeviceName") : "");
+  if (properties.HasMember(Keys::secureMode))
+    m_spec.setSecureMode(Json::GetBooleanProperty(properties, Keys::secureMode));
+  m_spec.setDeviceName(properties.HasMember(Keys::deviceName) ? Json::GetStringProperty(properties, Keys::deviceName)
+                                                              : "");
 }
 
 std::string TrafficDocumentReader::netlistInstanceName(std::string const& name) {
@@ -414,10 +407,11 @@ bool NOCJsonTrafficSpecReader::readFromJsonFile(std::istream& in, std::string co
                           JsonDocumentFrame::Opener::AutoDetect, doc);
   status.setPercent(20);
   TrafficDocumentReader reader(fileName, resolver, spec);
-  if (Value const* instances = arrayMember(doc, "LogicalInstances")) reader.readInstances(*instances);
+  if (Value const* instances = JsonMembers::findArray(doc, Keys::logicalInstances)) reader.readInstances(*instances);
   status.setPercent(40);
-  if (Value const* paths = arrayMember(doc, "Paths")) reader.readPaths(*paths);
-  if (Value const* properties = objectMember(doc, "SystemProperties")) reader.readSystemProperties(*properties);
+  if (Value const* paths = JsonMembers::findArray(doc, Keys::paths)) reader.readPaths(*paths);
+  if (Value const* properties = JsonMembers::findObject(doc, Keys::systemProperties))
+    reader.readSystemProperties(*properties);
   status.setPercent(100);
   return true;
 }

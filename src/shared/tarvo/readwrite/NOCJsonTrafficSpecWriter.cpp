@@ -8,6 +8,7 @@
 #include "JsonDocumentFrame.h"
 #include "NOCJsonEnumTexts.h"
 #include "NOCJsonReadWriteUtils.h"
+#include "NOCTrafficDocumentKeys.h"
 #include "TrafficSpec.h"
 
 using namespace DevHrdIP::Definitions;
@@ -18,6 +19,7 @@ using HrdIPToolCntr::TrafficSpec;
 
 typedef HCRapidJsonReadWriteUtils Json;
 typedef JsonDocumentFrame::Value Value;
+typedef NOCTrafficDocumentKeys Keys;
 typedef JsonDocumentFrame::Document::AllocatorType Allocator;
 
 namespace NOC {
@@ -78,17 +80,19 @@ class TrafficDocumentWriter {
   void addTrafficKeys(TrafficLInst const& instance, Value& object);
   void addSysAddresses(TrafficLInst const& instance, Value& object);
   void addRemaps(TrafficLInst const& instance, Value& object);
-  void addParams(char const* key, std::map<std::string, std::string> const& params, Value& object);
+  void addParams(std::string const& key, std::map<std::string, std::string> const& params, Value& object);
   bool addPathObject(TrafficPath const& path, Value& paths);
   void addPathKeys(TrafficPath const& path, Value& object);
   Value phaseGroups(TrafficPath const& path);
   ExternalNames externalNames(TrafficLInst const& instance);
   // The document name of a path end; empty when it has none, which drops the path.
   std::string pathEndName(TrafficLInst const& instance, std::size_t portIndex);
-  static char const* commType(TrafficPath const& path);
-  // Appends a built array or object by moving it, which leaves `value` null. Keys are literals.
-  void addMember(Value& object, char const* key, Value& value) {
-    object.AddMember(Value(rapidjson::StringRef(key)), value, m_alloc);
+  static std::string const& commType(TrafficPath const& path);
+  // Appends a built array or object by moving it, which leaves `value` null. Keys come from the
+  // key table, which outlives the document, and are not copied.
+  void addMember(Value& object, std::string const& key, Value& value) {
+    object.AddMember(Value(rapidjson::StringRef(key.data(), static_cast<rapidjson::SizeType>(key.size()))), value,
+                     m_alloc);
   }
 
   TrafficSpec const& m_spec;
@@ -102,12 +106,12 @@ class TrafficDocumentWriter {
 void TrafficDocumentWriter::buildDocument(Value& root) {
   if (hasSystemProperties()) {
     Value properties = systemProperties();
-    addMember(root, "SystemProperties", properties);
+    addMember(root, Keys::systemProperties, properties);
   }
   Value instances = logicalInstances();
-  addMember(root, "LogicalInstances", instances);
+  addMember(root, Keys::logicalInstances, instances);
   Value paths = this->paths();
-  addMember(root, "Paths", paths);
+  addMember(root, Keys::paths, paths);
 }
 
 bool TrafficDocumentWriter::hasSystemProperties() const {
@@ -117,11 +121,12 @@ bool TrafficDocumentWriter::hasSystemProperties() const {
 
 Value TrafficDocumentWriter::systemProperties() {
   Value properties(rapidjson::kObjectType);
-  if (m_spec.isUserSetFrequency()) Json::AddIntegrProperty(properties, "Frequency", m_spec.getFrequency(), m_alloc);
+  if (m_spec.isUserSetFrequency()) Json::AddIntegrProperty(properties, Keys::frequency, m_spec.getFrequency(), m_alloc);
   if (!m_spec.getRcfPaths().empty() && !m_resolver.suppressRcfPaths(std::string()))
-    Json::AddStringArrayProperty(properties, "RcfPaths", m_spec.getRcfPaths(), m_alloc);
-  if (m_spec.getSecureMode()) Json::AddBooleanProperty(properties, "SECURE_QLR_ZMC_TRAFFIC", true, m_alloc);
-  if (m_spec.hasValidDeviceName()) Json::AddStringProperty(properties, "DeviceName", m_spec.getDeviceName(), m_alloc);
+    Json::AddStringArrayProperty(properties, Keys::rcfPaths, m_spec.getRcfPaths(), m_alloc);
+  if (m_spec.getSecureMode()) Json::AddBooleanProperty(properties, Keys::secureMode, true, m_alloc);
+  if (m_spec.hasValidDeviceName())
+    Json::AddStringProperty(properties, Keys::deviceName, m_spec.getDeviceName(), m_alloc);
   return properties;
 }
 
@@ -152,58 +157,58 @@ Value TrafficDocumentWriter::instanceObject(TrafficLInst const& instance) {
   ExternalNames const external = externalNames(instance);
 
   Value object(rapidjson::kObjectType);
-  Json::AddStringProperty(object, "Name", nameMissing ? external.first : baseName, m_alloc);
+  Json::AddStringProperty(object, Keys::name, nameMissing ? external.first : baseName, m_alloc);
   if (!instance.getDesignName().empty())
-    Json::AddStringProperty(object, "DesignName", instance.getDesignName(), m_alloc);
-  Json::AddBooleanProperty(object, "IsMaster", instance.isMaster(), m_alloc);
-  if (instance.getUseDestIdIdx()) Json::AddBooleanProperty(object, "UseDestIdIdx", true, m_alloc);
-  if (instance.hasParityAddr()) Json::AddBooleanProperty(object, "HasParityAddr", true, m_alloc);
-  if (instance.hasParityData()) Json::AddBooleanProperty(object, "HasParityData", true, m_alloc);
-  Json::AddStringProperty(object, "CompType", compTypeToText(instance.getCompType()), m_alloc);
-  if (instance.firewall) Json::AddBooleanProperty(object, "Firewall", true, m_alloc);
-  Json::AddStringProperty(object, "Protocol", axiProtToText(instance.getProtocol()), m_alloc);
+    Json::AddStringProperty(object, Keys::designName, instance.getDesignName(), m_alloc);
+  Json::AddBooleanProperty(object, Keys::isMaster, instance.isMaster(), m_alloc);
+  if (instance.getUseDestIdIdx()) Json::AddBooleanProperty(object, Keys::useDestIdIdx, true, m_alloc);
+  if (instance.hasParityAddr()) Json::AddBooleanProperty(object, Keys::hasParityAddr, true, m_alloc);
+  if (instance.hasParityData()) Json::AddBooleanProperty(object, Keys::hasParityData, true, m_alloc);
+  Json::AddStringProperty(object, Keys::compType, compTypeToText(instance.getCompType()), m_alloc);
+  if (instance.firewall) Json::AddBooleanProperty(object, Keys::firewall, true, m_alloc);
+  Json::AddStringProperty(object, Keys::protocol, axiProtToText(instance.getProtocol()), m_alloc);
   addTrafficKeys(instance, object);
   addSysAddresses(instance, object);
   if (instance.isMaster()) addRemaps(instance, object);
-  addParams("MemoryParams", instance.getMemoryParams(), object);
-  addParams("ConfigParams", instance.getConfigParams(), object);
-  if (instance.isVirtual() || nameMissing) Json::AddBooleanProperty(object, "IsVirtual", true, m_alloc);
+  addParams(Keys::memoryParams, instance.getMemoryParams(), object);
+  addParams(Keys::configParams, instance.getConfigParams(), object);
+  if (instance.isVirtual() || nameMissing) Json::AddBooleanProperty(object, Keys::isVirtual, true, m_alloc);
   if (!instance.ipName.empty()) {
     Value simMetaData(rapidjson::kObjectType);
-    Json::AddStringProperty(simMetaData, "IPName", instance.ipName, m_alloc);
-    addMember(object, "SimMetaData", simMetaData);
+    Json::AddStringProperty(simMetaData, Keys::ipName, instance.ipName, m_alloc);
+    addMember(object, Keys::simMetaData, simMetaData);
   }
-  if (instance.isExistDestId()) Json::AddIntegrProperty(object, "DestId", instance.getDestId().getValue(), m_alloc);
-  if (!external.joined.empty()) Json::AddStringProperty(object, "ExternalConn", external.joined, m_alloc);
+  if (instance.isExistDestId()) Json::AddIntegrProperty(object, Keys::destId, instance.getDestId().getValue(), m_alloc);
+  if (!external.joined.empty()) Json::AddStringProperty(object, Keys::externalConn, external.joined, m_alloc);
   return object;
 }
 
 // From "ReadTC" to "InterleaveSel": the keys between "Protocol" and "SysAddresses".
 void TrafficDocumentWriter::addTrafficKeys(TrafficLInst const& instance, Value& object) {
   if (instance.isMaster()) {
-    Json::AddStringProperty(object, "ReadTC", trafficClassToText(instance.getReadTC()), m_alloc);
-    Json::AddStringProperty(object, "WriteTC", trafficClassToText(instance.getWriteTC()), m_alloc);
+    Json::AddStringProperty(object, Keys::readTC, trafficClassToText(instance.getReadTC()), m_alloc);
+    Json::AddStringProperty(object, Keys::writeTC, trafficClassToText(instance.getWriteTC()), m_alloc);
   }
   if (!instance.getPortTypes().empty()) {
     std::vector<std::string> ports;
     for (PORT_TYPE port : instance.getPortTypes())
       ports.push_back(portTypeToText(port));
-    Json::AddStringArrayProperty(object, "Ports", ports, m_alloc);
+    Json::AddStringArrayProperty(object, Keys::ports, ports, m_alloc);
   }
   if (instance.getAxiWidth() != 0)
-    Json::AddIntegrProperty(object, "AxiDataWidth", static_cast<int>(instance.getAxiWidth()), m_alloc);
+    Json::AddIntegrProperty(object, Keys::axiDataWidth, static_cast<int>(instance.getAxiWidth()), m_alloc);
   if (instance.getNumReadOutstanding() != 0)
-    Json::AddIntegrProperty(object, "NumReadOutstanding", instance.getNumReadOutstanding(), m_alloc);
+    Json::AddIntegrProperty(object, Keys::numReadOutstanding, instance.getNumReadOutstanding(), m_alloc);
   if (instance.getNumWriteOutstanding() != 0)
-    Json::AddIntegrProperty(object, "NumWriteOutstanding", instance.getNumWriteOutstanding(), m_alloc);
+    Json::AddIntegrProperty(object, Keys::numWriteOutstanding, instance.getNumWriteOutstanding(), m_alloc);
   if (instance.getReadRateLimiter() != 0.0f)
-    Json::AddDoubleProperty(object, "ReadRateLimiter", instance.getReadRateLimiter(), m_alloc);
+    Json::AddDoubleProperty(object, Keys::readRateLimiter, instance.getReadRateLimiter(), m_alloc);
   if (instance.getWriteRateLimiter() != 0.0f)
-    Json::AddDoubleProperty(object, "WriteRateLimiter", instance.getWriteRateLimiter(), m_alloc);
+    Json::AddDoubleProperty(object, Keys::writeRateLimiter, instance.getWriteRateLimiter(), m_alloc);
   if (instance.getDdrInterleaveSize() != 0)
-    Json::AddIntegrProperty(object, "InterleaveSize", static_cast<int>(instance.getDdrInterleaveSize()), m_alloc);
+    Json::AddIntegrProperty(object, Keys::interleaveSize, static_cast<int>(instance.getDdrInterleaveSize()), m_alloc);
   if (instance.getDdrInterleaveSel() != 0)
-    Json::AddIntegrProperty(object, "InterleaveSel", instance.getDdrInterleaveSel(), m_alloc);
+    Json::AddIntegrProperty(object, Keys::interleaveSel, instance.getDdrInterleaveSel(), m_alloc);
 }
 
 void TrafficDocumentWriter::addSysAddresses(TrafficLInst const& instance, Value& object) {
@@ -211,11 +216,11 @@ void TrafficDocumentWriter::addSysAddresses(TrafficLInst const& instance, Value&
   Value addresses(rapidjson::kArrayType);
   for (int i = 0; instance.hasValidSysAddress(i); ++i) {
     Value address(rapidjson::kObjectType);
-    Json::AddStringProperty(address, "Base", hexText(instance.getSysAddress(i)), m_alloc);
-    Json::AddStringProperty(address, "Size", hexText(instance.getSysAddrSize(i)), m_alloc);
+    Json::AddStringProperty(address, Keys::base, hexText(instance.getSysAddress(i)), m_alloc);
+    Json::AddStringProperty(address, Keys::size, hexText(instance.getSysAddrSize(i)), m_alloc);
     addresses.PushBack(address, m_alloc);
   }
-  addMember(object, "SysAddresses", addresses);
+  addMember(object, Keys::sysAddresses, addresses);
 }
 
 void TrafficDocumentWriter::addRemaps(TrafficLInst const& instance, Value& object) {
@@ -223,15 +228,15 @@ void TrafficDocumentWriter::addRemaps(TrafficLInst const& instance, Value& objec
   Value remaps(rapidjson::kArrayType);
   for (auto const& remap : instance.getRemapAddrSpecs()) {
     Value entry(rapidjson::kObjectType);
-    Json::AddStringProperty(entry, "Logical", hexText(remap.logical), m_alloc);
-    Json::AddStringProperty(entry, "Physical", hexText(remap.physical), m_alloc);
-    Json::AddStringProperty(entry, "Range", hexText(remap.range), m_alloc);
+    Json::AddStringProperty(entry, Keys::logical, hexText(remap.logical), m_alloc);
+    Json::AddStringProperty(entry, Keys::physical, hexText(remap.physical), m_alloc);
+    Json::AddStringProperty(entry, Keys::range, hexText(remap.range), m_alloc);
     remaps.PushBack(entry, m_alloc);
   }
-  addMember(object, "Remap", remaps);
+  addMember(object, Keys::remap, remaps);
 }
 
-void TrafficDocumentWriter::addParams(char const* key, std::map<std::string, std::string> const& params,
+void TrafficDocumentWriter::addParams(std::string const& key, std::map<std::string, std::string> const& params,
                                       Value& object) {
   if (params.empty()) return;
   Value values(rapidjson::kObjectType);
@@ -251,11 +256,11 @@ bool TrafficDocumentWriter::addPathObject(TrafficPath const& path, Value& paths)
   if (from.empty() || to.empty()) return false;
 
   Value object(rapidjson::kObjectType);
-  Json::AddIntegrProperty(object, "Phase", path.phase, m_alloc);
-  Json::AddStringProperty(object, "From", from, m_alloc);
-  Json::AddStringProperty(object, "To", to, m_alloc);
-  Json::AddStringProperty(object, "Port", portText, m_alloc);
-  Json::AddStringProperty(object, "CommType", commType(path), m_alloc);
+  Json::AddIntegrProperty(object, Keys::phase, path.phase, m_alloc);
+  Json::AddStringProperty(object, Keys::from, from, m_alloc);
+  Json::AddStringProperty(object, Keys::to, to, m_alloc);
+  Json::AddStringProperty(object, Keys::port, portText, m_alloc);
+  Json::AddStringProperty(object, Keys::commType, commType(path), m_alloc);
   addPathKeys(path, object);
   paths.PushBack(object, m_alloc);
   return true;
@@ -265,35 +270,35 @@ bool TrafficDocumentWriter::addPathObject(TrafficPath const& path, Value& paths)
 void TrafficDocumentWriter::addPathKeys(TrafficPath const& path, Value& object) {
   PerfSpec const read = path.getReadPerfSpec();
   PerfSpec const write = path.getWritePerfSpec();
-  Json::AddULongProperty(object, "ReadBW", read.bandwidth, m_alloc);
-  Json::AddULongProperty(object, "ReadLatency", read.latency, m_alloc);
-  Json::AddULongProperty(object, "ReadAvgBurst", path.getReadAvgBurst(), m_alloc);
-  Json::AddULongProperty(object, "WriteBW", write.bandwidth, m_alloc);
-  Json::AddULongProperty(object, "WriteLatency", write.latency, m_alloc);
-  Json::AddULongProperty(object, "WriteAvgBurst", path.getWriteAvgBurst(), m_alloc);
+  Json::AddULongProperty(object, Keys::readBW, read.bandwidth, m_alloc);
+  Json::AddULongProperty(object, Keys::readLatency, read.latency, m_alloc);
+  Json::AddULongProperty(object, Keys::readAvgBurst, path.getReadAvgBurst(), m_alloc);
+  Json::AddULongProperty(object, Keys::writeBW, write.bandwidth, m_alloc);
+  Json::AddULongProperty(object, Keys::writeLatency, write.latency, m_alloc);
+  Json::AddULongProperty(object, Keys::writeAvgBurst, path.getWriteAvgBurst(), m_alloc);
   if (path.getWoc() != WO_INVALID)
-    Json::AddStringProperty(object, "WriteOrder", writeOrderToText(path.getWoc()), m_alloc);
+    Json::AddStringProperty(object, Keys::writeOrder, writeOrderToText(path.getWoc()), m_alloc);
   if (!path.getExclusiveGroup().empty())
-    Json::AddStringProperty(object, "ExclusiveGroup", path.getExclusiveGroup(), m_alloc);
+    Json::AddStringProperty(object, Keys::exclusiveGroup, path.getExclusiveGroup(), m_alloc);
   if (!path.getSeparateRoutingGroup().empty())
-    Json::AddStringProperty(object, "SeparateRoutingGroup", path.getSeparateRoutingGroup(), m_alloc);
+    Json::AddStringProperty(object, Keys::separateRoutingGroup, path.getSeparateRoutingGroup(), m_alloc);
   if (path.isExistDestIdIndex())
-    Json::AddIntegrProperty(object, "DestIdIndex", path.getDestIdIndex().getValue(), m_alloc);
-  if (path.isInitialBoot()) Json::AddBooleanProperty(object, "InitialBoot", true, m_alloc);
+    Json::AddIntegrProperty(object, Keys::destIdIndex, path.getDestIdIndex().getValue(), m_alloc);
+  if (path.isInitialBoot()) Json::AddBooleanProperty(object, Keys::initialBoot, true, m_alloc);
   if (path.hasValidDestIdIdx(0)) {
     Value ranges(rapidjson::kArrayType);
     for (int i = 0; path.hasValidDestIdIdx(i); ++i) {
       Value range(rapidjson::kObjectType);
-      Json::AddIntegrProperty(range, "start_idx", path.getDestIdIdxStart(i), m_alloc);
-      Json::AddIntegrProperty(range, "end_idx", path.getDestIdIdxEnd(i), m_alloc);
+      Json::AddIntegrProperty(range, Keys::startIdx, path.getDestIdIdxStart(i), m_alloc);
+      Json::AddIntegrProperty(range, Keys::endIdx, path.getDestIdIdxEnd(i), m_alloc);
       ranges.PushBack(range, m_alloc);
     }
-    addMember(object, "DestIdIdx", ranges);
+    addMember(object, Keys::destIdIdx, ranges);
   }
-  if (path.getHighPriorityRouting()) Json::AddBooleanProperty(object, "HighPriorityRouting", true, m_alloc);
+  if (path.getHighPriorityRouting()) Json::AddBooleanProperty(object, Keys::highPriorityRouting, true, m_alloc);
   if (path.hasMultipleReadPhases() || path.hasMultipleWritePhases()) {
     Value groups = phaseGroups(path);
-    addMember(object, "PhaseGroups", groups);
+    addMember(object, Keys::phaseGroups, groups);
   }
 }
 
@@ -304,16 +309,16 @@ Value TrafficDocumentWriter::phaseGroups(TrafficPath const& path) {
     for (std::string const& phaseName : m_spec.getAllPhasesForPhaseGroup(groupName)) {
       if (phaseName == TrafficSpec::getDefaultPhaseName()) continue;
       Value phase(rapidjson::kObjectType);
-      Json::AddStringProperty(phase, "Name", phaseName, m_alloc);
-      Json::AddULongProperty(phase, "ReadBW", path.getReadPerfSpec(phaseName).bandwidth, m_alloc);
-      Json::AddULongProperty(phase, "WriteBW", path.getWritePerfSpec(phaseName).bandwidth, m_alloc);
-      Json::AddULongProperty(phase, "ReadAvgBurst", path.getReadAvgBurst(phaseName), m_alloc);
-      Json::AddULongProperty(phase, "WriteAvgBurst", path.getWriteAvgBurst(phaseName), m_alloc);
+      Json::AddStringProperty(phase, Keys::name, phaseName, m_alloc);
+      Json::AddULongProperty(phase, Keys::readBW, path.getReadPerfSpec(phaseName).bandwidth, m_alloc);
+      Json::AddULongProperty(phase, Keys::writeBW, path.getWritePerfSpec(phaseName).bandwidth, m_alloc);
+      Json::AddULongProperty(phase, Keys::readAvgBurst, path.getReadAvgBurst(phaseName), m_alloc);
+      Json::AddULongProperty(phase, Keys::writeAvgBurst, path.getWriteAvgBurst(phaseName), m_alloc);
       phases.PushBack(phase, m_alloc);
     }
     Value group(rapidjson::kObjectType);
-    Json::AddStringProperty(group, "Name", groupName, m_alloc);
-    addMember(group, "Phases", phases);
+    Json::AddStringProperty(group, Keys::name, groupName, m_alloc);
+    addMember(group, Keys::phases, phases);
     groups.PushBack(group, m_alloc);
   }
   return groups;
@@ -353,15 +358,15 @@ std::string TrafficDocumentWriter::pathEndName(TrafficLInst const& instance, std
   return m_resolver.fromNetlistName(instance.getName());
 }
 
-char const* TrafficDocumentWriter::commType(TrafficPath const& path) {
-  if (path.getMaster()->getProtocol() != AXI_MM) return "STRM";
+std::string const& TrafficDocumentWriter::commType(TrafficPath const& path) {
+  if (path.getMaster()->getProtocol() != AXI_MM) return Keys::streamCommType;
   PerfSpec const read = path.getReadPerfSpec();
   PerfSpec const write = path.getWritePerfSpec();
-  char const* type = "MM_ReadWrite";
-  if (read.latency == 0 && read.bandwidth == 0) type = "MM_WriteOnly";
+  std::string const* type = &Keys::readWriteCommType;
+  if (read.latency == 0 && read.bandwidth == 0) type = &Keys::writeOnlyCommType;
   // Neither reads nor writes comes out as read only.
-  if (write.latency == 0 && write.bandwidth == 0) type = "MM_ReadOnly";
-  return type;
+  if (write.latency == 0 && write.bandwidth == 0) type = &Keys::readOnlyCommType;
+  return *type;
 }
 
 }  // namespace

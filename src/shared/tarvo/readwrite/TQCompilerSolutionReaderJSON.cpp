@@ -16,7 +16,9 @@
 #include "KPEShimInterfaceSolution.h"
 #include "KPEShimPortSites.h"
 #include "NOCJsonReadWriteUtils.h"
+#include "StringScan.h"
 #include "TQLogicalArchModel.h"
+#include "TrafficInstanceLookup.h"
 #include "TrafficSpec.h"
 
 using namespace Tarvo::Frameworks;
@@ -60,7 +62,7 @@ class TQCompilerSolutionReaderJSON::PlacementReader {
     std::vector<TQLogicalTQIPInstance*> all;
     model.getTQIPInstances(all);
     for (TQLogicalTQIPInstance* instance : all)
-      if (instancePrefix.empty() || HSTStrUtils::startsWith(instance->getName(), instancePrefix))
+      if (instancePrefix.empty() || tarvo::jsonio::StringScan::startsWith(instance->getName(), instancePrefix))
         m_instances.push_back(instance);
   }
 
@@ -115,7 +117,7 @@ class TQCompilerSolutionReaderJSON::PlacementReader {
     int const channel = KPEGRMDeviceUtils::getIndexOfChanInShim(m_part, site);
     bool const odd = (channel & 1) != 0;
     std::string const& channelName = KPEShimPortSites::channelForParity(port.getTqChannelFullHierNames(), odd);
-    HrdIPToolCntr::TrafficLInst const* instance = KPEShimPortSites::logicalInstance(m_traffic, channelName);
+    HrdIPToolCntr::TrafficLInst const* instance = TrafficInstanceLookup::find(m_traffic, channelName);
     if (instance != nullptr) m_placements.emplace_back(instance, site);
   }
 

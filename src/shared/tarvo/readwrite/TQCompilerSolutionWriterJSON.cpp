@@ -4,13 +4,13 @@
 #include <ostream>
 #include <vector>
 
-#include "HSTStrUtils.h"
 #include "JsonDocumentFrame.h"
 #include "JsonEventFrame.h"
 #include "KPEExchangeDocumentOutput.h"
 #include "KPEGRMDeviceUtils.h"
 #include "KPEShimPortSites.h"
 #include "NOCJsonReadWriteUtils.h"
+#include "StringScan.h"
 #include "TQLogicalArchModel.h"
 
 using namespace Tarvo::Frameworks;
@@ -19,7 +19,7 @@ namespace {
 
 // The instance's name as the reader will look for it: without the prefix and one "/".
 std::string documentInstanceName(std::string name, std::string const& instancePrefix) {
-  if (HSTStrUtils::startsWith(name, instancePrefix)) name.erase(0, instancePrefix.size());
+  if (tarvo::jsonio::StringScan::startsWith(name, instancePrefix)) name.erase(0, instancePrefix.size());
   if (!name.empty() && name[0] == '/') name.erase(0, 1);
   return name;
 }
@@ -45,7 +45,7 @@ struct Placements {
     std::vector<TQLogicalTQIPInstance*> instances;
     model.getTQIPInstances(instances);
     for (TQLogicalTQIPInstance const* instance : instances) {
-      if (!HSTStrUtils::startsWith(instance->getName(), instancePrefix)) continue;
+      if (!tarvo::jsonio::StringScan::startsWith(instance->getName(), instancePrefix)) continue;
       instanceNames.push_back(documentInstanceName(instance->getName(), instancePrefix));
       for (TQLogicalPort const* port : instance->getPorts()) {
         if (port == nullptr) continue;

@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_ASCIICASE_H
-#define KPE_CONSTRAINTS_ASCIICASE_H
+#ifndef TARVO_ASCIICASE_H
+#define TARVO_ASCIICASE_H
 
 // Case rules of the constraint names and keys (not exported). Names and keys are ASCII, so
 // only the letters A to Z fold: byte for byte what the classic locale does, without asking

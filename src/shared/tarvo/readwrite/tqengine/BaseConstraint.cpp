@@ -3,11 +3,14 @@
 #include <array>
 
 #include "BaseNameResolver.h"
+#include "ConstrDocumentKeys.h"
 #include "ConstrWriteSupport.h"
 #include "HEXAlgException.h"
 
 namespace kpe {
 namespace constraints {
+
+typedef ConstrDocumentKeys Keys;
 
 namespace {
 
@@ -91,7 +94,7 @@ void BaseConstraint::writeSrcInfo(JsonDocument& document, JsonValue& value, std:
   if (getObjType() == GLOBAL) {
     return;
   }
-  addSrcInfoMember(document, value, key + "_src_info", m_srcInfo);
+  addSrcInfoMember(document, value, key + Keys::srcInfoSuffix, m_srcInfo);
 }
 
 std::string BaseConstraint::str() const {

@@ -4,12 +4,15 @@
 
 #include "BaseNameResolver.h"
 #include "ConstrCast.h"
+#include "ConstrDocumentKeys.h"
 #include "ConstrHandler.h"
 #include "ConstrWriteSupport.h"
 #include "PhysicalSpec.h"
 
 namespace kpe {
 namespace constraints {
+
+typedef ConstrDocumentKeys Keys;
 
 using namespace writesupport;
 
@@ -217,13 +220,14 @@ void ColocatedNodeListsConstr::setNotColocatedConstrObjectProperties(std::string
 void ColocatedNodeListsConstr::writeNotConstrSrcInfo(JsonDocument& document, JsonValue& value,
                                                      std::string const& key) const {
   if (getObjType() != GLOBAL) {
-    addSrcInfoMember(document, value, key + "_src_info", m_notColocatedSrcInfo);
+    addSrcInfoMember(document, value, key + Keys::srcInfoSuffix, m_notColocatedSrcInfo);
   }
 }
 
 ColocatedNodesConstr::ColocatedNodesConstr(ObjectType objType, std::string const& objName)
-    : ColocatedNodeListsConstr(COLOCATED_NODES, objType, objName,
-                               {"colocated_nodes", "not_colocated_nodes", "colocated_nodes", "not_colocated_nodes"}) {}
+    : ColocatedNodeListsConstr(
+          COLOCATED_NODES, objType, objName,
+          {Keys::colocatedNodes, Keys::notColocatedNodes, Keys::colocatedNodes, Keys::notColocatedNodes}) {}
 
 void ColocatedNodesConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {
   cloneLists(
@@ -237,8 +241,8 @@ void ColocatedNodesConstr::clone(ConstrHandler& target, BaseNameResolver const* 
 
 ColocatedMemoriesConstr::ColocatedMemoriesConstr(ObjectType objType, std::string const& objName)
     : ColocatedNodeListsConstr(COLOCATED_MEMORIES, objType, objName,
-                               {"colocated_reserved_memories", "not_colocated_reserved_memories", "colocated_memories",
-                                "not_colocated_memories"}) {}
+                               {Keys::colocatedReservedMemories, Keys::notColocatedReservedMemories,
+                                Keys::colocatedMemories, "not_colocated_memories"}) {}
 
 void ColocatedMemoriesConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {
   cloneLists(
@@ -292,17 +296,17 @@ void ColocatedPortsConstr::clone(ConstrHandler& target, BaseNameResolver const* 
 }
 
 void ColocatedPortsConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const* resolver) const {
-  if (writeNameItems(value, "colocated_ports", getColocatedPortNames(), getConstrObjectsProperties(), resolver,
+  if (writeNameItems(value, Keys::colocatedPorts, getColocatedPortNames(), getConstrObjectsProperties(), resolver,
                      NameKind::Port, document)) {
-    writeSrcInfo(document, value, "colocated_ports");
+    writeSrcInfo(document, value, Keys::colocatedPorts);
   }
-  if (writeNameItems(value, "not_colocated_ports", getNotColocatedPortNames(), m_notColocatedProps, resolver,
+  if (writeNameItems(value, Keys::notColocatedPorts, getNotColocatedPortNames(), m_notColocatedProps, resolver,
                      NameKind::Port, document)) {
-    writeNotConstrSrcInfo(document, value, "not_colocated_ports");
+    writeNotConstrSrcInfo(document, value, Keys::notColocatedPorts);
   }
-  if (writeNameItems(value, "exclusive_colocated_ports", getExclusiveColocatedPortNames(), m_exclusiveProps, resolver,
+  if (writeNameItems(value, Keys::exclusiveColocatedPorts, getExclusiveColocatedPortNames(), m_exclusiveProps, resolver,
                      NameKind::Port, document)) {
-    writeExclusiveConstrSrcInfo(document, value, "exclusive_colocated_ports");
+    writeExclusiveConstrSrcInfo(document, value, Keys::exclusiveColocatedPorts);
   }
 }
 
@@ -437,11 +441,11 @@ void ColocatedPortsConstr::setExclusiveColocatedConstrObjectProperties(std::stri
 }
 void ColocatedPortsConstr::writeNotConstrSrcInfo(JsonDocument& document, JsonValue& value,
                                                  std::string const& key) const {
-  addSrcInfoMember(document, value, key + "_src_info", m_notColocatedSrcInfo);
+  addSrcInfoMember(document, value, key + Keys::srcInfoSuffix, m_notColocatedSrcInfo);
 }
 void ColocatedPortsConstr::writeExclusiveConstrSrcInfo(JsonDocument& document, JsonValue& value,
                                                        std::string const& key) const {
-  addSrcInfoMember(document, value, key + "_src_info", m_exclusiveSrcInfo);
+  addSrcInfoMember(document, value, key + Keys::srcInfoSuffix, m_exclusiveSrcInfo);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -468,8 +472,8 @@ void ColocatedDmaConstr::write(JsonDocument& document, JsonValue& value, BaseNam
     return;
   }
   JsonValue array = makeStringArray(ports, document);
-  addMember(value, "colocated_dma", array, document);
-  writeSrcInfo(document, value, "colocated_dma");
+  addMember(value, Keys::colocatedDma, array, document);
+  writeSrcInfo(document, value, Keys::colocatedDma);
 }
 
 void ColocatedDmaConstr::offsetColumn(int) {}
@@ -545,8 +549,8 @@ void RelativeNodesConstr::write(JsonDocument& document, JsonValue& value, BaseNa
     return;
   }
   JsonValue array = makeStringArray(items, document);
-  addMember(value, "relative_nodes", array, document);
-  writeSrcInfo(document, value, "relative_nodes");
+  addMember(value, Keys::relativeNodes, array, document);
+  writeSrcInfo(document, value, Keys::relativeNodes);
 }
 
 // Offsets are relative and need no shift.

@@ -810,9 +810,11 @@ void ConstrHandler::setNodeLists(ConstrType type, ObjectType objType, std::strin
   });
 }
 
+// A missing constraint is made through the virtual set form, as the other add forms do, so
+// that a derived store sees it.
 template <class T>
 void ConstrHandler::addNodeLists(ConstrType type, ObjectType objType, std::string const& objName, NameList const& names,
-                                 bool notColocated) {
+                                 bool notColocated, NodeListsSet set) {
   addToConstr<T>(
       type, objName,
       [&](T& lists) {
@@ -822,7 +824,7 @@ void ConstrHandler::addNodeLists(ConstrType type, ObjectType objType, std::strin
           lists.addNodeNames(names);
         }
       },
-      [&] { setNodeLists<T>(type, objType, objName, names, notColocated); });
+      [&] { (this->*set)(objType, objName, names, notColocated); });
 }
 
 void ConstrHandler::setColocatedNodesConstr(ObjectType objType, std::string const& objName, NameList const& names,
@@ -832,7 +834,8 @@ void ConstrHandler::setColocatedNodesConstr(ObjectType objType, std::string cons
 
 void ConstrHandler::addColocatedNodesConstr(ObjectType objType, std::string const& objName, NameList const& names,
                                             bool notColocated) {
-  addNodeLists<ColocatedNodesConstr>(BaseConstraint::COLOCATED_NODES, objType, objName, names, notColocated);
+  addNodeLists<ColocatedNodesConstr>(BaseConstraint::COLOCATED_NODES, objType, objName, names, notColocated,
+                                     &ConstrHandler::setColocatedNodesConstr);
 }
 
 void ConstrHandler::setColocatedMemoriesConstr(ObjectType objType, std::string const& objName, NameList const& names,
@@ -842,7 +845,8 @@ void ConstrHandler::setColocatedMemoriesConstr(ObjectType objType, std::string c
 
 void ConstrHandler::addColocatedMemoriesConstr(ObjectType objType, std::string const& objName, NameList const& names,
                                                bool notColocated) {
-  addNodeLists<ColocatedMemoriesConstr>(BaseConstraint::COLOCATED_MEMORIES, objType, objName, names, notColocated);
+  addNodeLists<ColocatedMemoriesConstr>(BaseConstraint::COLOCATED_MEMORIES, objType, objName, names, notColocated,
+                                        &ConstrHandler::setColocatedMemoriesConstr);
 }
 
 void ConstrHandler::setColocatedPortsConstr(ObjectType objType, std::string const& objName, NameList const& names,

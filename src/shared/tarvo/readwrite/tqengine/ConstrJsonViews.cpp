@@ -1,12 +1,15 @@
 #include "ConstrJsonViews.h"
 
+#include "ConstrDocumentKeys.h"
 #include "ConstrPlaceText.h"
+#include "JsonMembers.h"
 
 namespace json {
 
 namespace {
 
 using kpe::constraints::ConstrPlaceText;
+typedef kpe::constraints::ConstrDocumentKeys Keys;
 using kpe::constraints::PhysicalSpec;
 
 std::string textOf(Value const& value) {
@@ -58,11 +61,7 @@ bool readPlace(std::string const& text, PhysicalSpec& spec) {
 
 }  // namespace
 
-JBaseValue::JBaseValue(Value const& object, char const* key) : m_value(nullptr) {
-  if (!object.IsObject()) return;
-  Value::ConstMemberIterator const found = object.FindMember(key);
-  if (found != object.MemberEnd()) m_value = &found->value;
-}
+JBaseValue::JBaseValue(Value const& object, char const* key) : m_value(tarvo::jsonio::JsonMembers::find(object, key)) {}
 
 JBaseValue::~JBaseValue() = default;
 
@@ -121,7 +120,7 @@ std::vector<JObjectArrayWithProperties::Item> JObjectArrayWithProperties::get() 
       items.push_back({textOf(element), false});
     } else if (element.IsObject() && element.MemberCount() > 0) {
       Value::ConstMemberIterator const member = element.MemberBegin();
-      items.push_back({textOf(member->name), JBool(member->value, "issoft").get()});
+      items.push_back({textOf(member->name), JBool(member->value, Keys::issoft).get()});
     }
   }
   return items;
@@ -156,15 +155,15 @@ bool JSrcInfoValue::isValid() const {
 }
 
 std::string JSrcInfoValue::file() const {
-  return m_value == nullptr ? std::string() : JString(*m_value, "file").get();
+  return m_value == nullptr ? std::string() : JString(*m_value, Keys::file).get();
 }
 
 int JSrcInfoValue::line() const {
-  return m_value == nullptr ? 0 : JInt(*m_value, "line").get(0);
+  return m_value == nullptr ? 0 : JInt(*m_value, Keys::line).get(0);
 }
 
 int JSrcInfoValue::column() const {
-  return m_value == nullptr ? 0 : JInt(*m_value, "column").get(0);
+  return m_value == nullptr ? 0 : JInt(*m_value, Keys::column).get(0);
 }
 
 JTileValue::JTileValue(Value const* value) : JBaseValue(value) {

@@ -9,6 +9,7 @@
 #include "BaseNameResolver.h"
 #include "ColocationConstraints.h"
 #include "ComMsgMgrInstance.h"
+#include "ConstrDocumentKeys.h"
 #include "ConstrHandler.h"
 #include "ConstrJsonViews.h"
 #include "ConstrPlaceText.h"
@@ -21,13 +22,17 @@
 #include "HUTFile.h"
 #include "HUTFileUtils.h"
 #include "JsonDocumentFrame.h"
+#include "StringScan.h"
+
+using tarvo::jsonio::StringScan;
 
 namespace kpe {
 namespace constraints {
 
+typedef ConstrDocumentKeys Keys;
+
 namespace {
 
-char const* const kSrcInfoSuffix = "_src_info";
 std::size_t const kParseStackCapacity = 1024;
 
 std::string const& text(JsonValue const& name, std::string& buffer) {
@@ -35,21 +40,12 @@ std::string const& text(JsonValue const& name, std::string& buffer) {
   return buffer;
 }
 
-bool endsWith(std::string const& textValue, std::string const& suffix) {
-  return textValue.size() >= suffix.size() &&
-         textValue.compare(textValue.size() - suffix.size(), suffix.size(), suffix) == 0;
-}
-
-bool startsWith(std::string const& textValue, std::string_view prefix) {
-  return std::string_view(textValue).substr(0, prefix.size()) == prefix;
-}
-
 // Whether the member name is `key` followed by the source suffix; asked for every key.
 bool isSourceKeyOf(JsonValue const& name, std::string const& key) {
-  std::size_t const suffixSize = std::strlen(kSrcInfoSuffix);
+  std::size_t const suffixSize = std::strlen(Keys::srcInfoSuffix);
   return name.GetStringLength() == key.size() + suffixSize &&
          key.compare(0, key.size(), name.GetString(), key.size()) == 0 &&
-         std::memcmp(name.GetString() + key.size(), kSrcInfoSuffix, suffixSize) == 0;
+         std::memcmp(name.GetString() + key.size(), Keys::srcInfoSuffix, suffixSize) == 0;
 }
 
 // The section `key` of the root, if it is an object with members.
@@ -71,10 +67,10 @@ bool trueMember(JsonValue const& object, char const* key) {
 }
 
 void readAddress(JsonValue const& object, Address& address) {
-  address.setColumn(intMember(object, "column"));
-  address.setRow(intMember(object, "row"));
-  address.setBankId(intMember(object, "bankId"));
-  address.setOffset(intMember(object, "offset"));
+  address.setColumn(intMember(object, Keys::column));
+  address.setRow(intMember(object, Keys::row));
+  address.setBankId(intMember(object, Keys::bankId));
+  address.setOffset(intMember(object, Keys::offset));
 }
 
 // The messages of a range item with no low place, by list: with the item's text, without.
@@ -167,7 +163,7 @@ void ConstrReader::readStream(std::istream& in, std::string const& fileName, boo
   parseAndValidate(in, validate);
   if (scope == Scope::Whole) {
     readConstraints();
-  } else if (JsonValue const* global = section(*m_doc, "GlobalConstraints")) {
+  } else if (JsonValue const* global = section(*m_doc, Keys::globalConstraints)) {
     readGlobalConstraints(*global);
   }
 }
@@ -209,8 +205,8 @@ void ConstrReader::parseAndValidate(std::istream& in, bool validate) {
 }
 
 void ConstrReader::readConstraints() {
-  bool const toolGenerated = trueMember(*m_doc, "isToolGenerated");
-  bool const soft = trueMember(*m_doc, "isSoft");
+  bool const toolGenerated = trueMember(*m_doc, Keys::isToolGenerated);
+  bool const soft = trueMember(*m_doc, Keys::isSoft);
   if (!toolGenerated || !m_store.hasToolGeneratedStores())
     readSections();
   else
@@ -237,15 +233,15 @@ void ConstrReader::readInChildStore(bool soft) {
 
 void ConstrReader::readSections() {
   JsonValue const& root = *m_doc;
-  JsonValue const* const nodes = section(root, "NodeConstraints");
-  JsonValue const* const ports = section(root, "PortConstraints");
-  JsonValue const* const nets = section(root, "NetConstraints");
+  JsonValue const* const nodes = section(root, Keys::nodeConstraints);
+  JsonValue const* const ports = section(root, Keys::portConstraints);
+  JsonValue const* const nets = section(root, Keys::netConstraints);
   m_store.reserveObjects((nodes ? nodes->MemberCount() : 0) + (ports ? ports->MemberCount() : 0) +
                          (nets ? nets->MemberCount() : 0));
   if (nodes) readNodeConstraints(*nodes);
   if (ports) readPortConstraints(*ports);
   if (nets) readNetConstraints(*nets);
-  if (JsonValue const* global = section(root, "GlobalConstraints")) readGlobalConstraints(*global);
+  if (JsonValue const* global = section(root, Keys::globalConstraints)) readGlobalConstraints(*global);
 }
 
 void ConstrReader::readNodeConstraints(JsonValue const& nodes) {
@@ -295,9 +291,9 @@ void ConstrReader::readNetConstraints(JsonValue const& nets) {
     if (!member.value.IsObject()) continue;
     for (auto const& entry : member.value.GetObject()) {
       text(entry.name, key);
-      if (!endsWith(key, kSrcInfoSuffix)) readAttribute(BaseConstraint::NET, name, key, entry.value);
+      if (!StringScan::endsWith(key, Keys::srcInfoSuffix)) readAttribute(BaseConstraint::NET, name, key, entry.value);
       scanSource(name, key);
-      json::JBaseValue const source(member.value, (key + kSrcInfoSuffix).c_str());
+      json::JBaseValue const source(member.value, (key + Keys::srcInfoSuffix).c_str());
       if (source.isValid()) readExplicitSource(name, key, *source.value());
     }
   }
@@ -319,23 +315,23 @@ void ConstrReader::readGlobalConstraints(JsonValue const& global) {
 
 void ConstrReader::readFifoRecords(JsonValue const& records) {
   std::string name;
-  json::JBaseValue const dma(records, "dma_fifos");
+  json::JBaseValue const dma(records, Keys::dmaFifos);
   if (dma.isValid() && dma.value()->IsObject()) {
     for (auto const& record : dma.value()->GetObject()) {
       JsonValue const& fields = record.value;
-      m_store.addDmaFifoRecord(text(record.name, name),
-                               PhysicalSpec::toPhysicalSpecTileType(stringMember(fields, "tile_type")),
-                               intMember(fields, "column"), intMember(fields, "row"), intMember(fields, "size"),
-                               intMember(fields, "offset"), intMember(fields, "bankId"));
+      m_store.addDmaFifoRecord(
+          text(record.name, name), PhysicalSpec::toPhysicalSpecTileType(stringMember(fields, Keys::tileType)),
+          intMember(fields, Keys::column), intMember(fields, Keys::row), intMember(fields, Keys::size),
+          intMember(fields, Keys::offset), intMember(fields, Keys::bankId));
     }
   }
-  json::JBaseValue const stream(records, "stream_fifos");
+  json::JBaseValue const stream(records, Keys::streamFifos);
   if (stream.isValid() && stream.value()->IsObject()) {
     for (auto const& record : stream.value()->GetObject()) {
       JsonValue const& fields = record.value;
-      m_store.addStreamFifoRecord(text(record.name, name),
-                                  PhysicalSpec::toPhysicalSpecTileType(stringMember(fields, "tile_type")),
-                                  intMember(fields, "column"), intMember(fields, "row"), intMember(fields, "channel"));
+      m_store.addStreamFifoRecord(
+          text(record.name, name), PhysicalSpec::toPhysicalSpecTileType(stringMember(fields, Keys::tileType)),
+          intMember(fields, Keys::column), intMember(fields, Keys::row), intMember(fields, Keys::channel));
     }
   }
 }
@@ -382,7 +378,7 @@ void ConstrReader::readNodeKey(std::string const& name, std::string const& key, 
     readColocatedNodeLists(BaseConstraint::COLOCATED_MEMORIES, BaseConstraint::NODE, name, value, false, true);
   else if (word == "not_colocated_reserved_memories")
     readColocatedNodeLists(BaseConstraint::COLOCATED_MEMORIES, BaseConstraint::NODE, name, value, true, true);
-  else if (!endsWith(key, kSrcInfoSuffix))
+  else if (!StringScan::endsWith(key, Keys::srcInfoSuffix))
     readAttribute(BaseConstraint::NODE, name, key, value);
 }
 
@@ -412,7 +408,7 @@ void ConstrReader::readPortKey(std::string const& name, std::string const& key, 
     readFifoLocations(name, value);
   else if (word == "port_loc")
     readPortLoc(name, value);
-  else if (!endsWith(key, kSrcInfoSuffix))
+  else if (!StringScan::endsWith(key, Keys::srcInfoSuffix))
     readAttribute(BaseConstraint::PORT, name, key, value);
 }
 
@@ -431,49 +427,49 @@ void ConstrReader::readAttribute(ObjectType type, std::string const& name, std::
 }
 
 void ConstrReader::readTile(std::string const& name, JsonValue const& value) {
-  std::string const tileName = stringMember(value, "name");
+  std::string const tileName = stringMember(value, Keys::name);
   if (!tileName.empty()) {
     m_store.setTileConstr(name, tileName);
     return;
   }
-  json::JInt const column(value, "column");
-  json::JInt const row(value, "row");
+  json::JInt const column(value, Keys::column);
+  json::JInt const row(value, Keys::row);
   if (!column.isValid() && !row.isValid()) return;
-  std::string tileType = stringMember(value, "tile_type");
+  std::string tileType = stringMember(value, Keys::tileType);
   if (tileType.empty()) tileType = "core";
   m_store.setTileConstr(name, column.get(), row.get(), PhysicalSpec::toPhysicalSpecTileType(tileType));
 }
 
 void ConstrReader::readShim(std::string const& name, JsonValue const& value) {
-  std::string const shimName = stringMember(value, "name");
+  std::string const shimName = stringMember(value, Keys::name);
   if (!shimName.empty()) {
     m_store.setShimConstr(name, shimName);
     return;
   }
-  int const column = intMember(value, "column");
-  if (column > -1) m_store.setShimConstr(name, column, intMember(value, "channel"));
+  int const column = intMember(value, Keys::column);
+  if (column > -1) m_store.setShimConstr(name, column, intMember(value, Keys::channel));
 }
 
 void ConstrReader::readPortLoc(std::string const& name, JsonValue const& value) {
-  std::string const shimName = stringMember(value, "name");
+  std::string const shimName = stringMember(value, Keys::name);
   if (!shimName.empty()) {
-    m_store.setPortLocConstr(name, shimName, intMember(value, "channel"));
+    m_store.setPortLocConstr(name, shimName, intMember(value, Keys::channel));
     return;
   }
-  std::string tileType = stringMember(value, "tile_type");
+  std::string tileType = stringMember(value, Keys::tileType);
   if (tileType.empty()) tileType = "shim";
-  int const column = intMember(value, "column");
+  int const column = intMember(value, Keys::column);
   if (column > -1)
-    m_store.setPortLocConstr(name, PhysicalSpec::toPhysicalSpecTileType(tileType), column, intMember(value, "row"),
-                             intMember(value, "channel"));
+    m_store.setPortLocConstr(name, PhysicalSpec::toPhysicalSpecTileType(tileType), column, intMember(value, Keys::row),
+                             intMember(value, Keys::channel));
 }
 
 void ConstrReader::readStreamChannel(std::string const& name, JsonValue const& value) {
-  int const column = intMember(value, "column");
-  int const row = intMember(value, "row");
-  int const offset = intMember(value, "offset");
-  int const channel = intMember(value, "channel");
-  std::string const direction = stringMember(value, "direction");
+  int const column = intMember(value, Keys::column);
+  int const row = intMember(value, Keys::row);
+  int const offset = intMember(value, Keys::offset);
+  int const channel = intMember(value, Keys::channel);
+  std::string const direction = stringMember(value, Keys::direction);
   if (column >= 0 && row >= 0)
     m_store.setStreamChannelConstr(name, column, row, channel, direction);
   else if (offset >= 0 && !direction.empty())
@@ -482,12 +478,12 @@ void ConstrReader::readStreamChannel(std::string const& name, JsonValue const& v
 
 void ConstrReader::readMem(std::string const& name, JsonValue const& value) {
   std::array<Address, 3> addresses;
-  if (readAddresses(name, "mem", value, addresses)) m_store.setMemConstr(name, addresses[0], addresses[1]);
+  if (readAddresses(name, Keys::mem, value, addresses)) m_store.setMemConstr(name, addresses[0], addresses[1]);
 }
 
 void ConstrReader::readBuffers(std::string const& name, JsonValue const& value) {
   std::array<Address, 3> addresses;
-  if (readAddresses(name, "buffers", value, addresses))
+  if (readAddresses(name, Keys::buffers, value, addresses))
     m_store.setBufferConstr(name, addresses[0], addresses[1], addresses[2]);
 }
 
@@ -589,12 +585,12 @@ void ConstrReader::readRelativeNodes(std::string const& name, JsonValue const& v
   for (std::string const& element : json::JStringArray(&value).get()) {
     ConstrPlaceText::RelativeNode relative = ConstrPlaceText::parseRelativeNode(element);
     if (!relative.valid) {
-      report(__LINE__, ComMsgMgr::MSG_ERROR, "@75-880@%s", {element}, positionOf(name, "relative_nodes"));
+      report(__LINE__, ComMsgMgr::MSG_ERROR, "@75-880@%s", {element}, positionOf(name, Keys::relativeNodes));
       continue;
     }
     if (!relative.balanced)
       report(__LINE__, ComMsgMgr::MSG_CRITICAL_WARNING, "@75-646@%s", {relative.offsetText},
-             positionOf(name, "relative_nodes"));
+             positionOf(name, Keys::relativeNodes));
     std::vector<std::string> nodes(1, std::move(relative.node));
     m_resolver->resolveNodeNames(nodes);
     for (std::string& node : nodes)
@@ -604,39 +600,39 @@ void ConstrReader::readRelativeNodes(std::string const& name, JsonValue const& v
 }
 
 void ConstrReader::readAreaGroup(JsonValue const& group) {
-  std::string const name = stringMember(group, "name");
+  std::string const name = stringMember(group, Keys::name);
   std::vector<std::string> const nodes =
-      readNames(json::JBaseValue(group, "nodeGroup").value(), &BaseNameResolver::resolveNodeNames);
+      readNames(json::JBaseValue(group, Keys::nodeGroup).value(), &BaseNameResolver::resolveNodeNames);
   std::vector<PhysicalRange> ranges;
   readRanges(group, name, PhysicalSpec::TILE, ranges);
   readRanges(group, name, PhysicalSpec::SHIM, ranges);
   readRanges(group, name, PhysicalSpec::MEM, ranges);
-  m_store.addAreaGroupConstr(name, nodes, ranges, trueMember(group, "exclude"), trueMember(group, "issoft"),
-                             trueMember(group, "contain_routing"), trueMember(group, "exclusive_routing"),
-                             trueMember(group, "exclusive_placement"));
+  m_store.addAreaGroupConstr(name, nodes, ranges, trueMember(group, Keys::exclude), trueMember(group, Keys::issoft),
+                             trueMember(group, Keys::containRouting), trueMember(group, Keys::exclusiveRouting),
+                             trueMember(group, Keys::exclusivePlacement));
   readGroupSource(BaseConstraint::AREA_GROUP, name, group);
 }
 
 void ConstrReader::readInstGroup(JsonValue const& group) {
-  std::string const name = stringMember(group, "name");
+  std::string const name = stringMember(group, Keys::name);
   std::vector<std::string> const nodes =
-      readNames(json::JBaseValue(group, "nodeGroup").value(), &BaseNameResolver::resolveNodeNames);
-  m_store.addInstGroupConstr(name, nodes, trueMember(group, "isisomorphic"));
+      readNames(json::JBaseValue(group, Keys::nodeGroup).value(), &BaseNameResolver::resolveNodeNames);
+  m_store.addInstGroupConstr(name, nodes, trueMember(group, Keys::isisomorphic));
   readGroupSource(BaseConstraint::INST_GROUP, name, group);
 }
 
 void ConstrReader::readDependentRoutingGroup(JsonValue const& group) {
-  std::string const name = stringMember(group, "name");
+  std::string const name = stringMember(group, Keys::name);
   std::vector<std::string> const nodes =
-      readNames(json::JBaseValue(group, "nodeGroup").value(), &BaseNameResolver::resolveNodeNames);
+      readNames(json::JBaseValue(group, Keys::nodeGroup).value(), &BaseNameResolver::resolveNodeNames);
   m_store.addDependentRoutingGroupConstr(name, nodes);
   readGroupSource(BaseConstraint::DEPENDENT_ROUTING_GROUP, name, group);
 }
 
 void ConstrReader::readIsomorphicGraphGroup(JsonValue const& group) {
-  std::string const name = stringMember(group, "name");
-  json::JBaseValue const graphs(group, "stampedGraphs");
-  m_store.addIsomorphicGraphGroupConstr(name, stringMember(group, "referenceGraph"),
+  std::string const name = stringMember(group, Keys::name);
+  json::JBaseValue const graphs(group, Keys::stampedGraphs);
+  m_store.addIsomorphicGraphGroupConstr(name, stringMember(group, Keys::referenceGraph),
                                         json::JStringArray(graphs.value()).get());
   readGroupSource(BaseConstraint::ISOMORPHIC_GRAPH_GROUP, name, group);
 }
@@ -714,18 +710,18 @@ void ConstrReader::readGroupSource(BaseConstraint::ConstrType kind, std::string 
   BaseConstraint* group = m_store.getConstr(name, kind);
   if (group == nullptr) return;
   setScannedSource(group->getSrcInfo(), scan(name, nullptr));
-  json::JBaseValue const source(object, "srcInfo");
+  json::JBaseValue const source(object, Keys::srcInfo);
   if (source.isValid()) readExplicitSource(group->getSrcInfo(), *source.value());
 }
 
 SrcInfo* ConstrReader::sourceOf(std::string const& name, std::string const& key) const {
-  if (startsWith(key, "not_")) {
+  if (StringScan::startsWith(key, "not_")) {
     BaseConstraint* constraint = m_store.getConstr(name, key.substr(4));
     if (auto* nodes = dynamic_cast<ColocatedNodeListsConstr*>(constraint)) return &nodes->getNotColocatedSrcInfo();
     if (auto* ports = dynamic_cast<ColocatedPortsConstr*>(constraint)) return &ports->getNotColocatedSrcInfo();
     return nullptr;
   }
-  if (startsWith(key, "exclusive_")) {
+  if (StringScan::startsWith(key, "exclusive_")) {
     ColocatedPortsConstr* ports = m_store.getColocatedPortsConstr(name);
     return ports == nullptr ? nullptr : &ports->getExclusiveColocatedSrcInfo();
   }

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <fstream>
 
-#include "HSTStrUtils.h"
 #include "HUTFile.h"
+#include "StringScan.h"
 
 namespace kpe {
 namespace constraints {
@@ -143,8 +143,9 @@ void ConstrSourceScanner::indexLines(std::string_view text, std::uint32_t& line,
   std::size_t at = 0;
   for (; at + 8 <= text.size(); at += 8) {
     std::uint64_t const word = load8(text.data() + at);
-    for (std::uint64_t found = HSTStrUtils::bytesEqual(word, '"') | HSTStrUtils::bytesEqual(word, '\n'); found != 0;
-         found &= found - 1)
+    for (std::uint64_t found =
+             tarvo::jsonio::StringScan::bytesEqual(word, '"') | tarvo::jsonio::StringScan::bytesEqual(word, '\n');
+         found != 0; found &= found - 1)
       take(at + (static_cast<std::size_t>(__builtin_ctzll(found)) >> 3));
   }
   for (; at < text.size(); ++at)

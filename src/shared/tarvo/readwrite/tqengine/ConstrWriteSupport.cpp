@@ -4,9 +4,12 @@
 
 #include "Address.h"
 #include "BaseNameResolver.h"
+#include "ConstrDocumentKeys.h"
 
 namespace kpe {
 namespace constraints {
+
+typedef ConstrDocumentKeys Keys;
 namespace writesupport {
 
 JsonValue makeStringArray(std::vector<std::string> const& items, JsonDocument& document) {
@@ -78,7 +81,7 @@ bool writeNameItems(JsonValue& object, char const* key, std::vector<std::string>
       continue;
     }
     JsonValue flags(rapidjson::kObjectType);
-    addTrue(flags, "issoft", document);
+    addTrue(flags, Keys::issoft, document);
     JsonValue item(rapidjson::kObjectType);
     addMember(item, name, flags, document);
     items.PushBack(item, allocator);
@@ -90,16 +93,16 @@ bool writeNameItems(JsonValue& object, char const* key, std::vector<std::string>
 JsonValue makeAddressObject(Address const& address, JsonDocument& document) {
   JsonValue object(rapidjson::kObjectType);
   if (address.hasColumn()) {
-    addInt(object, "column", address.getColumn(), document);
+    addInt(object, Keys::column, address.getColumn(), document);
   }
   if (address.hasRow()) {
-    addInt(object, "row", address.getRow(), document);
+    addInt(object, Keys::row, address.getRow(), document);
   }
   if (address.hasBankId()) {
-    addInt(object, "bankId", address.getBankId(), document);
+    addInt(object, Keys::bankId, address.getBankId(), document);
   }
   if (address.hasOffset()) {
-    addInt(object, "offset", address.getOffset(), document);
+    addInt(object, Keys::offset, address.getOffset(), document);
   }
   return object;
 }

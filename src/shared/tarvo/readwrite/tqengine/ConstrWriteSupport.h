@@ -1,5 +1,5 @@
-#ifndef KPE_CONSTRAINTS_CONSTRWRITESUPPORT_H
-#define KPE_CONSTRAINTS_CONSTRWRITESUPPORT_H
+#ifndef TARVO_CONSTRWRITESUPPORT_H
+#define TARVO_CONSTRWRITESUPPORT_H
 
 // Building blocks of the constraint classes' write operations (not exported).
 

@@ -6,6 +6,7 @@
 #include "BaseNameResolver.h"
 #include "ComMsgMgr.h"
 #include "ComMsgMgrInstance.h"
+#include "ConstrDocumentKeys.h"
 #include "ConstrHandler.h"
 #include "ConstrWriteSupport.h"
 #include "HCRapidJsonReadWriteUtils.h"
@@ -17,6 +18,8 @@
 
 namespace kpe {
 namespace constraints {
+
+typedef ConstrDocumentKeys Keys;
 
 namespace {
 
@@ -144,14 +147,14 @@ void ConstrWriter::buildDocument(Content content) {
   m_doc.reset(new JsonDocument(rapidjson::kObjectType));
   if (content == Content::AllSections) {
     if (m_store->isToolGenerated()) {
-      writesupport::addTrue(*m_doc, "isToolGenerated", *m_doc);
+      writesupport::addTrue(*m_doc, Keys::isToolGenerated, *m_doc);
     }
     if (m_store->isSoft()) {
-      writesupport::addTrue(*m_doc, "isSoft", *m_doc);
+      writesupport::addTrue(*m_doc, Keys::isSoft, *m_doc);
     }
-    addObjectSection("NodeConstraints", BaseConstraint::NODE);
-    addObjectSection("PortConstraints", BaseConstraint::PORT);
-    addObjectSection("NetConstraints", BaseConstraint::NET);
+    addObjectSection(Keys::nodeConstraints, BaseConstraint::NODE);
+    addObjectSection(Keys::portConstraints, BaseConstraint::PORT);
+    addObjectSection(Keys::netConstraints, BaseConstraint::NET);
   }
   addGlobalSection();
 }
@@ -203,7 +206,7 @@ void ConstrWriter::addGlobalSection() {
     group->write(document, section, m_resolver);
   }
   if (!section.ObjectEmpty()) {
-    writesupport::addMember(document, "GlobalConstraints", section, document);
+    writesupport::addMember(document, Keys::globalConstraints, section, document);
   }
 }
 

@@ -1,10 +1,16 @@
 #include "FifoLocations.h"
 
+#include "ConstrDocumentKeys.h"
 #include "ConstrHandler.h"
 #include "ConstrWriteSupport.h"
 
+#include <utility>
+#include <vector>
+
 namespace kpe {
 namespace constraints {
+
+typedef ConstrDocumentKeys Keys;
 
 using namespace writesupport;
 
@@ -64,12 +70,12 @@ DmaFifoRecord::DmaFifoRecord(std::string const& name) : FifoLocationsRecord(name
 
 void DmaFifoRecord::write(JsonDocument& document, std::string const& name, JsonValue& value) const {
   JsonValue record(rapidjson::kObjectType);
-  addString(record, "tile_type", PhysicalSpec::toString(m_spec.getPhysicalType()), document);
-  addIntIfSet(record, "row", m_spec.hasRow(), m_spec.getRow(), document);
-  addIntIfSet(record, "column", m_spec.hasColumn(), m_spec.getColumn(), document);
-  addIntIfSet(record, "size", hasSize(), getSize(), document);
-  addIntIfSet(record, "offset", m_spec.hasOffset(), m_spec.getOffset(), document);
-  addIntIfSet(record, "bankId", m_spec.hasBankId(), m_spec.getBankId(), document);
+  addString(record, Keys::tileType, PhysicalSpec::toString(m_spec.getPhysicalType()), document);
+  addIntIfSet(record, Keys::row, m_spec.hasRow(), m_spec.getRow(), document);
+  addIntIfSet(record, Keys::column, m_spec.hasColumn(), m_spec.getColumn(), document);
+  addIntIfSet(record, Keys::size, hasSize(), getSize(), document);
+  addIntIfSet(record, Keys::offset, m_spec.hasOffset(), m_spec.getOffset(), document);
+  addIntIfSet(record, Keys::bankId, m_spec.hasBankId(), m_spec.getBankId(), document);
   addMember(value, name, record, document);
 }
 
@@ -85,10 +91,10 @@ StreamFifoRecord::StreamFifoRecord(std::string const& name) : FifoLocationsRecor
 
 void StreamFifoRecord::write(JsonDocument& document, std::string const& name, JsonValue& value) const {
   JsonValue record(rapidjson::kObjectType);
-  addString(record, "tile_type", PhysicalSpec::toString(m_spec.getPhysicalType()), document);
-  addIntIfSet(record, "row", m_spec.hasRow(), m_spec.getRow(), document);
-  addIntIfSet(record, "column", m_spec.hasColumn(), m_spec.getColumn(), document);
-  addIntIfSet(record, "channel", m_spec.hasChannel(), m_spec.getChannel(), document);
+  addString(record, Keys::tileType, PhysicalSpec::toString(m_spec.getPhysicalType()), document);
+  addIntIfSet(record, Keys::row, m_spec.hasRow(), m_spec.getRow(), document);
+  addIntIfSet(record, Keys::column, m_spec.hasColumn(), m_spec.getColumn(), document);
+  addIntIfSet(record, Keys::channel, m_spec.hasChannel(), m_spec.getChannel(), document);
   addMember(value, name, record, document);
 }
 
@@ -195,11 +201,17 @@ void FifoLocationsRecords::clear() {
   m_records.clear();
 }
 
+// Clones every record before any is replaced: a store copied into itself would otherwise
+// destroy a record and then clone it.
 void FifoLocationsRecords::copy(ConstrHandler const& source) {
+  std::vector<std::pair<std::string, FifoLocationsRecord*>> clones;
   for (auto const& entry : source.getRecords().getRecords()) {
-    FifoLocationsRecord*& slot = m_records[entry.first];
+    clones.emplace_back(entry.first, entry.second->clone());
+  }
+  for (auto const& made : clones) {
+    FifoLocationsRecord*& slot = m_records[made.first];
     FifoLocationsRecord::destroy(slot);
-    slot = entry.second->clone();
+    slot = made.second;
   }
 }
 
@@ -217,9 +229,9 @@ void FifoLocationsRecords::write(JsonDocument& document, JsonValue& value) const
     }
   }
   JsonValue records(rapidjson::kObjectType);
-  addMember(records, "dma_fifos", dma, document);
-  addMember(records, "stream_fifos", stream, document);
-  addMember(value, "fifo_locations_records", records, document);
+  addMember(records, Keys::dmaFifos, dma, document);
+  addMember(records, Keys::streamFifos, stream, document);
+  addMember(value, Keys::fifoLocationsRecords, records, document);
 }
 
 std::size_t FifoLocationsRecords::countOfKind(FifoLocationsRecord::Kind kind) const {
@@ -253,8 +265,8 @@ void FifoLocationsConstr::write(JsonDocument& document, JsonValue& value, BaseNa
     return;
   }
   JsonValue names = makeStringArray(getFifoLocationsRecordNames(), document);
-  addMember(value, "fifo_locations", names, document);
-  writeSrcInfo(document, value, "fifo_locations");
+  addMember(value, Keys::fifoLocations, names, document);
+  writeSrcInfo(document, value, Keys::fifoLocations);
 }
 
 // A record's place is not shifted by this.

@@ -6,11 +6,14 @@
 #include <sstream>
 
 #include "BaseNameResolver.h"
+#include "ConstrDocumentKeys.h"
 #include "ConstrHandler.h"
 #include "ConstrWriteSupport.h"
 
 namespace kpe {
 namespace constraints {
+
+typedef ConstrDocumentKeys Keys;
 
 using namespace writesupport;
 
@@ -54,7 +57,7 @@ void writeNodeGroup(JsonValue& group, DefaultedAttr const& nodes, BaseNameResolv
     return;
   }
   JsonValue array = makeStringArray(names, document);
-  addMember(group, "nodeGroup", array, document);
+  addMember(group, Keys::nodeGroup, array, document);
 }
 
 std::vector<std::string> resolvedNodes(std::vector<std::string> const& nodes, BaseNameResolver const* resolver) {
@@ -141,11 +144,11 @@ BaseConstraint::ObjectType GroupConstr::getObjType() const {
 }
 
 void GroupConstr::writeSrcInfo(JsonDocument& document, JsonValue& value, std::string const&) const {
-  addSrcInfoMember(document, value, "srcInfo", getSrcInfo());
+  addSrcInfoMember(document, value, Keys::srcInfo, getSrcInfo());
 }
 
 void GroupConstr::addGroupMember(JsonDocument& document, JsonValue& value, char const* key, JsonValue& group) const {
-  writeSrcInfo(document, group, "srcInfo");
+  writeSrcInfo(document, group, Keys::srcInfo);
   addMember(value, key, group, document);
 }
 
@@ -167,19 +170,19 @@ void AreaGroupConstr::write(JsonDocument& document, JsonValue& value, BaseNameRe
     return;
   }
   JsonValue group(rapidjson::kObjectType);
-  addString(group, "name", getName(), document);
-  addTrueIf(group, "exclude", m_exclude, document);
-  addTrueIf(group, "issoft", m_isSoft, document);
-  addTrueIf(group, "contain_routing", m_containRouting, document);
-  addTrueIf(group, "exclusive_routing", m_exclusiveRouting, document);
-  addTrueIf(group, "exclusive_placement", m_exclusivePlacement, document);
+  addString(group, Keys::name, getName(), document);
+  addTrueIf(group, Keys::exclude, m_exclude, document);
+  addTrueIf(group, Keys::issoft, m_isSoft, document);
+  addTrueIf(group, Keys::containRouting, m_containRouting, document);
+  addTrueIf(group, Keys::exclusiveRouting, m_exclusiveRouting, document);
+  addTrueIf(group, Keys::exclusivePlacement, m_exclusivePlacement, document);
   writeNodeGroup(group, m_nodes, resolver, document);
   addRangeGroup(
-      group, "tileGroup", m_ranges, [](PhysicalRange const& range) { return range.getLow().isTile(); }, document);
+      group, Keys::tileGroup, m_ranges, [](PhysicalRange const& range) { return range.getLow().isTile(); }, document);
   addRangeGroup(
-      group, "memGroup", m_ranges, [](PhysicalRange const& range) { return range.getLow().isMem(); }, document);
-  addRangeGroup(group, "shimGroup", m_ranges, inShimGroup, document);
-  addGroupMember(document, value, "areaGroup", group);
+      group, Keys::memGroup, m_ranges, [](PhysicalRange const& range) { return range.getLow().isMem(); }, document);
+  addRangeGroup(group, Keys::shimGroup, m_ranges, inShimGroup, document);
+  addGroupMember(document, value, Keys::areaGroup, group);
 }
 
 void AreaGroupConstr::offsetColumn(int n) {
@@ -293,10 +296,10 @@ void InstGroupConstr::write(JsonDocument& document, JsonValue& value, BaseNameRe
     return;
   }
   JsonValue group(rapidjson::kObjectType);
-  addString(group, "name", getName(), document);
-  addTrueIf(group, "isisomorphic", m_isIsomorphic, document);
+  addString(group, Keys::name, getName(), document);
+  addTrueIf(group, Keys::isisomorphic, m_isIsomorphic, document);
   writeNodeGroup(group, m_nodes, resolver, document);
-  addGroupMember(document, value, "instGroup", group);
+  addGroupMember(document, value, Keys::instGroup, group);
 }
 
 void InstGroupConstr::offsetColumn(int) {}
@@ -347,9 +350,9 @@ void DependentRoutingGroupConstr::write(JsonDocument& document, JsonValue& value
     return;
   }
   JsonValue group(rapidjson::kObjectType);
-  addString(group, "name", getName(), document);
+  addString(group, Keys::name, getName(), document);
   writeNodeGroup(group, m_nodes, resolver, document);
-  addGroupMember(document, value, "dependentRoutingGroup", group);
+  addGroupMember(document, value, Keys::dependentRoutingGroup, group);
 }
 
 void DependentRoutingGroupConstr::offsetColumn(int) {}
@@ -399,15 +402,15 @@ void IsomorphicGraphGroupConstr::write(JsonDocument& document, JsonValue& value,
     return;
   }
   JsonValue group(rapidjson::kObjectType);
-  addString(group, "name", getName(), document);
+  addString(group, Keys::name, getName(), document);
   if (hasReferenceGraph()) {
-    addString(group, "referenceGraph", getReferenceGraph(), document);
+    addString(group, Keys::referenceGraph, getReferenceGraph(), document);
   }
   if (hasStampedGraphs()) {
     JsonValue graphs = makeStringArray(getStampedGraphs(), document);
-    addMember(group, "stampedGraphs", graphs, document);
+    addMember(group, Keys::stampedGraphs, graphs, document);
   }
-  addGroupMember(document, value, "isomorphicGraphGroup", group);
+  addGroupMember(document, value, Keys::isomorphicGraphGroup, group);
 }
 
 void IsomorphicGraphGroupConstr::offsetColumn(int) {}

@@ -5,11 +5,14 @@
 
 #include "AsciiCase.h"
 #include "ComMsgMgr.h"
+#include "ConstrDocumentKeys.h"
 #include "ConstrHandler.h"
 #include "ConstrWriteSupport.h"
 
 namespace kpe {
 namespace constraints {
+
+typedef ConstrDocumentKeys Keys;
 
 using namespace writesupport;
 
@@ -89,12 +92,12 @@ void TileConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) 
 void TileConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
   JsonValue tile(rapidjson::kObjectType);
   if (isNameForm()) {
-    addString(tile, "name", getName(), document);
+    addString(tile, Keys::name, getName(), document);
   } else {
-    addIntIfSet(tile, "column", hasColumn(), getColumn(), document);
-    addIntIfSet(tile, "row", hasRow(), getRow(), document);
+    addIntIfSet(tile, Keys::column, hasColumn(), getColumn(), document);
+    addIntIfSet(tile, Keys::row, hasRow(), getRow(), document);
     if (hasColumn()) {
-      addString(tile, "tile_type", PhysicalSpec::toString(getPhysicalType()), document);
+      addString(tile, Keys::tileType, PhysicalSpec::toString(getPhysicalType()), document);
     }
   }
   if (tile.ObjectEmpty()) {
@@ -103,7 +106,7 @@ void TileConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolve
                              objName.c_str());
     return;
   }
-  addKindMember(*this, document, value, "tile", tile);
+  addKindMember(*this, document, value, Keys::tile, tile);
 }
 
 void TileConstr::offsetColumn(int n) {
@@ -199,12 +202,12 @@ void ShimConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) 
 void ShimConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
   JsonValue shim(rapidjson::kObjectType);
   if (isNameForm()) {
-    addString(shim, "name", getName(), document);
+    addString(shim, Keys::name, getName(), document);
   } else {
-    addIntIfSet(shim, "column", hasColumn(), getColumn(), document);
-    addIntIfSet(shim, "channel", hasChannel(), getChannel(), document);
+    addIntIfSet(shim, Keys::column, hasColumn(), getColumn(), document);
+    addIntIfSet(shim, Keys::channel, hasChannel(), getChannel(), document);
   }
-  addKindMember(*this, document, value, "shim", shim);
+  addKindMember(*this, document, value, Keys::shim, shim);
 }
 
 void ShimConstr::offsetColumn(int n) {
@@ -276,15 +279,15 @@ void PortLocConstr::clone(ConstrHandler& target, BaseNameResolver const* resolve
 void PortLocConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
   JsonValue place(rapidjson::kObjectType);
   if (isNameForm()) {
-    addString(place, "name", getName(), document);
-    addIntIfSet(place, "channel", hasChannel(), getChannel(), document);
+    addString(place, Keys::name, getName(), document);
+    addIntIfSet(place, Keys::channel, hasChannel(), getChannel(), document);
   } else if (hasColumn() || hasRow() || hasChannel()) {
-    addString(place, "tile_type", PhysicalSpec::toString(getPhysicalType()), document);
-    addIntIfSet(place, "row", hasRow(), getRow(), document);
-    addIntIfSet(place, "column", hasColumn(), getColumn(), document);
-    addIntIfSet(place, "channel", hasChannel(), getChannel(), document);
+    addString(place, Keys::tileType, PhysicalSpec::toString(getPhysicalType()), document);
+    addIntIfSet(place, Keys::row, hasRow(), getRow(), document);
+    addIntIfSet(place, Keys::column, hasColumn(), getColumn(), document);
+    addIntIfSet(place, Keys::channel, hasChannel(), getChannel(), document);
   }
-  addKindMember(*this, document, value, "port_loc", place);
+  addKindMember(*this, document, value, Keys::portLoc, place);
 }
 
 void PortLocConstr::offsetColumn(int n) {
@@ -374,14 +377,14 @@ void StreamChannelConstr::clone(ConstrHandler& target, BaseNameResolver const* r
 
 void StreamChannelConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
   JsonValue channel(rapidjson::kObjectType);
-  addIntIfSet(channel, "column", hasColumn(), getColumn(), document);
-  addIntIfSet(channel, "row", hasRow(), getRow(), document);
-  addIntIfSet(channel, "offset", hasOffset(), getOffset(), document);
+  addIntIfSet(channel, Keys::column, hasColumn(), getColumn(), document);
+  addIntIfSet(channel, Keys::row, hasRow(), getRow(), document);
+  addIntIfSet(channel, Keys::offset, hasOffset(), getOffset(), document);
   if (hasDirection()) {
-    addString(channel, "direction", getDirectionAsStr(), document);
+    addString(channel, Keys::direction, getDirectionAsStr(), document);
   }
-  addIntIfSet(channel, "channel", hasChannel(), getChannel(), document);
-  addKindMember(*this, document, value, "stream_channel", channel);
+  addIntIfSet(channel, Keys::channel, hasChannel(), getChannel(), document);
+  addKindMember(*this, document, value, Keys::streamChannel, channel);
 }
 
 // The offset form is relative to the port and needs no shift.
@@ -415,9 +418,15 @@ StreamChannelConstr::Direction StreamChannelConstr::getDirection() const {
   return m_direction;
 }
 
+namespace {
+
+// The texts of StreamChannelConstr::Direction, in its order; read back in any case.
+char const* const kDirectionTexts[] = {"North", "South", "East", "West", "unset"};
+
+}  // namespace
+
 std::string StreamChannelConstr::getDirectionAsStr() const {
-  static char const* const texts[] = {"North", "South", "East", "West", "unset"};
-  return texts[m_direction <= Unset ? m_direction : Unset];
+  return kDirectionTexts[m_direction <= Unset ? m_direction : Unset];
 }
 
 int StreamChannelConstr::getChannel() const {
@@ -438,9 +447,8 @@ void StreamChannelConstr::setDirection(std::string const& direction) {
     m_direction = Unset;
     return;
   }
-  static char const* const words[] = {"North", "South", "East", "West", "unset"};
   for (std::uint32_t i = North; i <= Unset; ++i) {
-    if (AsciiCase::equals(direction, words[i], std::strlen(words[i]))) {
+    if (AsciiCase::equals(direction, kDirectionTexts[i], std::strlen(kDirectionTexts[i]))) {
       m_direction = static_cast<Direction>(i);
       return;
     }
@@ -490,7 +498,7 @@ void BufferConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver
 }
 
 void BufferConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
-  addAddressArray(*this, document, value, "buffers", {&m_ping, &m_pong, &m_rtpSelector});
+  addAddressArray(*this, document, value, Keys::buffers, {&m_ping, &m_pong, &m_rtpSelector});
 }
 
 void BufferConstr::offsetColumn(int n) {
@@ -515,7 +523,7 @@ void MemConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) c
 }
 
 void MemConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
-  addAddressArray(*this, document, value, "mem", {&m_ping, &m_pong});
+  addAddressArray(*this, document, value, Keys::mem, {&m_ping, &m_pong});
 }
 
 void MemConstr::offsetColumn(int n) {
@@ -540,7 +548,7 @@ void ReservedMemoryConstr::clone(ConstrHandler& target, BaseNameResolver const* 
 
 void ReservedMemoryConstr::write(JsonDocument& document, JsonValue& value, BaseNameResolver const*) const {
   JsonValue address = makeAddressObject(m_address, document);
-  addKindMember(*this, document, value, "reserved_memory", address);
+  addKindMember(*this, document, value, Keys::reservedMemory, address);
 }
 
 void ReservedMemoryConstr::offsetColumn(int n) {

@@ -1,5 +1,5 @@
-#ifndef CONSTRPLACETEXT_H
-#define CONSTRPLACETEXT_H
+#ifndef TARVO_CONSTRPLACETEXT_H
+#define TARVO_CONSTRPLACETEXT_H
 
 #include <string>
 

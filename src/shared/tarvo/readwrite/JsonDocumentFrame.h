@@ -1,5 +1,5 @@
-#ifndef JSONDOCUMENTFRAME_H
-#define JSONDOCUMENTFRAME_H
+#ifndef TARVO_JSONDOCUMENTFRAME_H
+#define TARVO_JSONDOCUMENTFRAME_H
 
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/schema.h>

@@ -1,11 +1,14 @@
-#include "HCRapidJsonStreams.h"
+#include "JsonInputStream.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <utility>
 
-#include "HSTStrUtils.h"
+#include "StringScan.h"
+
+namespace tarvo {
+namespace jsonio {
 
 namespace {
 
@@ -17,7 +20,7 @@ void countLines(char const* text, std::size_t count, std::size_t base, std::size
   for (; at + 8 <= count; at += 8) {
     std::uint64_t word;
     std::memcpy(&word, text + at, 8);
-    found += static_cast<std::size_t>(__builtin_popcountll(HSTStrUtils::bytesEqual(word, '\n')));
+    found += static_cast<std::size_t>(__builtin_popcountll(StringScan::bytesEqual(word, '\n')));
   }
   for (; at < count; ++at)
     found += text[at] == '\n' ? 1 : 0;
@@ -31,7 +34,7 @@ void countLines(char const* text, std::size_t count, std::size_t base, std::size
 
 }  // namespace
 
-HCJsonInputStream::HCJsonInputStream(std::istream& in, std::size_t blockSize)
+JsonInputStream::JsonInputStream(std::istream& in, std::size_t blockSize)
     : m_in(in),
       m_blockSize(std::max<std::size_t>(blockSize, 4)),
       m_block(m_blockSize + 1),
@@ -39,7 +42,7 @@ HCJsonInputStream::HCJsonInputStream(std::istream& in, std::size_t blockSize)
   readBlock();
 }
 
-void HCJsonInputStream::readBlock() {
+void JsonInputStream::readBlock() {
   countLines(m_previous.data(), m_previousCount, m_previousOffset, m_linesBeforePrevious, m_lineStartBeforePrevious);
   std::swap(m_block, m_previous);
   m_previousCount = m_readCount;
@@ -63,7 +66,7 @@ void HCJsonInputStream::readBlock() {
   }
 }
 
-HCJsonInputStream::Position HCJsonInputStream::positionOf(std::size_t offset) const {
+JsonInputStream::Position JsonInputStream::positionOf(std::size_t offset) const {
   std::size_t lines = m_linesBeforePrevious;
   std::size_t lineStart = m_lineStartBeforePrevious;
   auto scan = [&](std::vector<Ch> const& block, std::size_t count, std::size_t base) {
@@ -76,19 +79,5 @@ HCJsonInputStream::Position HCJsonInputStream::positionOf(std::size_t offset) co
   return Position{lines + 1, offset - lineStart + 1};
 }
 
-HCJsonOutputStream::HCJsonOutputStream(std::ostream& out, std::size_t blockSize)
-    : m_out(out), m_buffer(std::max<std::size_t>(blockSize, 1)) {}
-
-HCJsonOutputStream::~HCJsonOutputStream() {
-  drain();
-}
-
-void HCJsonOutputStream::drain() {
-  if (m_used != 0) m_out.write(m_buffer.data(), static_cast<std::streamsize>(m_used));
-  m_used = 0;
-}
-
-void HCJsonOutputStream::Flush() {
-  drain();
-  m_out.flush();
-}
+}  // namespace jsonio
+}  // namespace tarvo

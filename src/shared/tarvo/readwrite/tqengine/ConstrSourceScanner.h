@@ -1,5 +1,5 @@
-#ifndef CONSTRSOURCESCANNER_H
-#define CONSTRSOURCESCANNER_H
+#ifndef TARVO_CONSTRSOURCESCANNER_H
+#define TARVO_CONSTRSOURCESCANNER_H
 
 #include <cstdint>
 #include <iosfwd>
@@ -10,6 +10,12 @@
 
 namespace kpe {
 namespace constraints {
+
+// Line and column of a text in a constraint file, one-based; 0 where it was not found.
+struct ConstrSourcePosition {
+  int line = 0;
+  int column = 0;
+};
 
 // Finds where a constraint stands in its file by text search: the first line that holds the
 // object's name in double quotes, then the first later line that holds the key in double
@@ -26,10 +32,7 @@ class ConstrSourceScanner {
  public:
   enum class State { NotLoaded, NoFileName, NotRegularFile, CannotOpen, Loaded };
 
-  struct Position {
-    int line = 0;
-    int column = 0;
-  };
+  typedef ConstrSourcePosition Position;
 
   explicit ConstrSourceScanner(std::string fileName);
   ConstrSourceScanner(ConstrSourceScanner const&) = delete;
