@@ -33,6 +33,13 @@ std::unique_ptr<PyDocument> PyDocument::read(DocumentSource const& source, std::
   // The program counts a read that sent an error as failed, and so does the package.
   for (CapturedMessage const& message : document->m_messages)
     if (message.severity == "ERROR") throw DocumentFailure(message, source.name());
+  // The parser stops at a NUL byte, so a document followed by one would read as if the rest
+  // were not there; the program refuses it, and so does the package.
+  std::size_t const nul = source.firstNulByte();
+  if (nul != std::string::npos)
+    throw DocumentFailure(
+        "'" + source.name() + "' is not JSON: a NUL byte at offset " + std::to_string(nul) + " follows the document.",
+        source.name());
   return document;
 }
 
