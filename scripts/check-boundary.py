@@ -9,7 +9,7 @@ Two views find the calls:
   - references written Class::name in src/ (also through a typedef or using of the class),
     which covers what is inline in the platform headers and leaves no symbol.
 
-Usage: check-boundary.py BUILD_DIR [--list]
+Usage: check-boundary.py BUILD_DIR [--list] [--allowed FILE]
 """
 
 import os
@@ -22,9 +22,9 @@ ALLOWED_FILE = os.path.join(ROOT, "scripts", "platform-operations.txt")
 PLATFORM_LIBS = ["common", "streams", "traffic", "device"]
 
 
-def read_allowed():
+def read_allowed(path):
     allowed = set()
-    with open(ALLOWED_FILE, encoding="utf-8") as f:
+    with open(path, encoding="utf-8") as f:
         for line in f:
             line = line.split("#", 1)[0].strip()
             if line:
@@ -137,7 +137,8 @@ def source_operations():
 def main():
     if len(sys.argv) < 2:
         sys.exit(__doc__)
-    allowed = read_allowed()
+    path = sys.argv[sys.argv.index("--allowed") + 1] if "--allowed" in sys.argv else ALLOWED_FILE
+    allowed = read_allowed(path)
     ops = {op: "libtarvo_readwrite.so" for op in symbol_operations(sys.argv[1])}
     for op, where in source_operations().items():
         short = op

@@ -9,6 +9,37 @@ namespace NOC {
 
 namespace {
 
+// One table per enumeration, read in both directions: a value writes as the first text of
+// its rows, and every text of a row reads as its value.
+template <typename Enum>
+struct TextRow {
+  Enum value;
+  char const* text;
+};
+
+TextRow<AxiProt> const kAxiProtTexts[] = {{AXI_MM, "AXI_MM"}, {AXI_STRM, "AXI_STRM"}};
+TextRow<TrafficClass> const kTrafficClassTexts[] = {{TC_BE, "BE"}, {TC_LL, "LL"}, {TC_ISOC, "ISOC"}, {TC_BW, "BW"}};
+TextRow<Write_Order> const kWriteOrderTexts[] = {
+    {WO_STRICT, "strict"}, {WO_RELAXED, "relaxed"}, {WO_DOORBELL, "doorbell"}};
+// The port bits also read under their memory-controller names.
+TextRow<PORT_TYPE> const kPortTypeTexts[] = {{PORT0, "PORT0"},     {PORT1, "PORT1"},     {PORT2, "PORT2"},
+                                             {PORT3, "PORT3"},     {PORT0, "PC0_PORT0"}, {PORT1, "PC0_PORT1"},
+                                             {PORT2, "PC1_PORT0"}, {PORT3, "PC1_PORT1"}};
+
+template <typename Enum, std::size_t Count>
+Enum fromText(TextRow<Enum> const (&rows)[Count], std::string const& text, Enum fallback) {
+  for (TextRow<Enum> const& row : rows)
+    if (text == row.text) return row.value;
+  return fallback;
+}
+
+template <typename Enum, std::size_t Count>
+char const* toText(TextRow<Enum> const (&rows)[Count], int value, char const* fallback) {
+  for (TextRow<Enum> const& row : rows)
+    if (static_cast<int>(row.value) == value) return row.text;
+  return fallback;
+}
+
 #define NOC_COMP_TYPE_TEXT(name, role) #name,
 char const* const kCompTypeTexts[] = {DEVHRDIP_COMP_TYPE_ROWS(NOC_COMP_TYPE_TEXT)};
 #undef NOC_COMP_TYPE_TEXT
@@ -25,74 +56,35 @@ std::unordered_map<std::string, COMP_TYPE> makeCompTypeIndex() {
 }  // namespace
 
 AxiProt axiProtFromText(std::string const& text) {
-  return text == "AXI_STRM" ? AXI_STRM : AXI_MM;
+  return fromText(kAxiProtTexts, text, AXI_MM);
 }
 
 char const* axiProtToText(int protocol) {
-  return protocol == AXI_MM ? "AXI_MM" : "AXI_STRM";
+  return toText(kAxiProtTexts, protocol, "AXI_STRM");
 }
 
 TrafficClass trafficClassFromText(std::string const& text) {
-  if (text == "LL") return TC_LL;
-  if (text == "ISOC") return TC_ISOC;
-  if (text == "BW") return TC_BW;
-  return TC_BE;
+  return fromText(kTrafficClassTexts, text, TC_BE);
 }
 
 char const* trafficClassToText(int trafficClass) {
-  switch (trafficClass) {
-    case TC_BE:
-      return "BE";
-    case TC_LL:
-      return "LL";
-    case TC_ISOC:
-      return "ISOC";
-    default:
-      return "BW";
-  }
+  return toText(kTrafficClassTexts, trafficClass, "BW");
 }
 
 Write_Order writeOrderFromText(std::string const& text) {
-  if (text == "strict") return WO_STRICT;
-  if (text == "relaxed") return WO_RELAXED;
-  if (text == "doorbell") return WO_DOORBELL;
-  return WO_INVALID;
+  return fromText(kWriteOrderTexts, text, WO_INVALID);
 }
 
 char const* writeOrderToText(int order) {
-  switch (order) {
-    case WO_STRICT:
-      return "strict";
-    case WO_RELAXED:
-      return "relaxed";
-    case WO_DOORBELL:
-      return "doorbell";
-    default:
-      return "invalid";
-  }
+  return toText(kWriteOrderTexts, order, "invalid");
 }
 
 PORT_TYPE portTypeFromText(std::string const& text) {
-  if (text == "PORT0" || text == "PC0_PORT0") return PORT0;
-  if (text == "PORT1" || text == "PC0_PORT1") return PORT1;
-  if (text == "PORT2" || text == "PC1_PORT0") return PORT2;
-  if (text == "PORT3" || text == "PC1_PORT1") return PORT3;
-  return PORT_INVALID;
+  return fromText(kPortTypeTexts, text, PORT_INVALID);
 }
 
 char const* portTypeToText(int port) {
-  switch (port) {
-    case PORT0:
-      return "PORT0";
-    case PORT1:
-      return "PORT1";
-    case PORT2:
-      return "PORT2";
-    case PORT3:
-      return "PORT3";
-    default:
-      return "PORTERR";
-  }
+  return toText(kPortTypeTexts, port, "PORTERR");
 }
 
 COMP_TYPE compTypeFromText(std::string const& text) {
