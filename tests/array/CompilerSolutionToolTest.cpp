@@ -36,9 +36,8 @@ TEST(CompilerSolutionTool, CheckAndSummaryPlaceThePortsOfTheDesign) {
   EXPECT_EQ(kSolution + ": OK (compiler-solution, valid; give --arch and --traffic to place its ports)\n" + invalid +
                 ": FAILED (compiler-solution, 1 error)\n",
             check.out);
-  EXPECT_EQ(
-      "ERROR: [tarvo 8-101] Failed to parse JSON file '" + invalid + "': #/Placement/0/LogicalInstance/PortName\n",
-      check.err);
+  EXPECT_EQ(invalid + ":1:70: error: 'PortName': expected string, found integer 4 (schema rule 'type') [tarvo 8-101]\n",
+            check.err);
 
   tarvo_test::ToolRun const summary = docs("summary '" + kSolution + "'" + kDesign);
   EXPECT_EQ(0, summary.exitCode);

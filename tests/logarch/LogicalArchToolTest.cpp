@@ -33,10 +33,10 @@ TEST(LogicalArchTool, CheckNamesTheFileAndThePlaceOfABrokenDocument) {
   EXPECT_EQ(run.exitCode, 1);
   EXPECT_EQ(run.out, kExample + ": OK (logical-arch, 4 instances, 18 ports, 9 connections)\n" + invalid +
                          ": FAILED (logical-arch, 1 error)\n" + broken + ": FAILED (logical-arch, 1 error)\n");
-  EXPECT_EQ(run.err, "ERROR: [tarvo 8-101] Failed to parse JSON file '" + invalid +
-                         "': #/KPE/k/kpeshimPorts/p/busWidth\n"
-                         "ERROR: [tarvo 8-101] Failed to parse JSON file '" +
-                         broken + "': line 3, column 1: Missing a name for object member.\n");
+  EXPECT_EQ(run.err, invalid +
+                         ":1:51: error: 'busWidth': expected integer, found string \"wide\" (schema rule 'type') "
+                         "[tarvo 8-101]\n" +
+                         broken + ":3:1: error: Missing a name for object member. [tarvo 8-101]\n");
 }
 
 TEST(LogicalArchTool, SummaryCountsInstancesByKindAndConnectionsByDirection) {

@@ -53,7 +53,8 @@ TEST(NocTarvoDocs, ReportsSolutionsThatDoNotFitAndExitsOne) {
   tarvo_test::ToolRun const port = docs("check '" + dir.file("port.json") + "'" + kTraffic);
   EXPECT_EQ(port.exitCode, 1);
   EXPECT_EQ(port.out, dir.file("port.json") + ": FAILED (noc-solution, 1 error)\n");
-  EXPECT_EQ(port.err, "ERROR: vector::_M_range_check: __n (which is 7) >= this->size() (which is 4)\n");
+  EXPECT_EQ(port.err,
+            dir.file("port.json") + ": error: vector::_M_range_check: __n (which is 7) >= this->size() (which is 4)\n");
 
   tarvo_test::ToolRun const other =
       docs("summary '" + kExamples + "noc_solution.json'" + kTraffic + " --device '" + dir.file("device.json") + "'");

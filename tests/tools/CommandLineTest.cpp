@@ -96,8 +96,7 @@ TEST(CommandLine, DashIsStandardInputAndStandardOutput) {
   EXPECT_EQ(packed.out, "(standard input): OK (metadata, 6 properties)\n");
   ToolRun const broken = runInProcess({"check", "-"}, "{\"MetaData\": [\n}");
   EXPECT_EQ(broken.exitCode, 1);
-  EXPECT_EQ(broken.err,
-            "ERROR: [tarvo 8-101] Failed to parse JSON file '(standard input)': line 2, column 1: Invalid value.\n");
+  EXPECT_EQ(broken.err, "(standard input):2:1: error: Invalid value. [tarvo 8-101]\n");
   EXPECT_FALSE(std::filesystem::exists("-"));
 }
 
@@ -120,18 +119,19 @@ TEST(CommandLine, CheckRefusesTextThatIsNotJson) {
   ToolRun const nul = runInProcess({"check", dir.file("nul.json")});
   EXPECT_EQ(nul.exitCode, 1);
   EXPECT_EQ(nul.out, dir.file("nul.json") + ": FAILED (metadata, 1 error)\n");
-  EXPECT_EQ(nul.err,
-            "ERROR: '" + dir.file("nul.json") + "' is not JSON: a NUL byte at offset 16 follows the document.\n");
+  EXPECT_EQ(nul.err, dir.file("nul.json") + ": error: '" + dir.file("nul.json") +
+                         "' is not JSON: a NUL byte at offset 16 follows the document.\n");
   ToolRun const piped = runInProcess({"check", "-"}, std::string("{\"isToolGenerated\": true}\n\0", 27));
-  EXPECT_EQ(piped.err, "ERROR: '(standard input)' is not JSON: a NUL byte at offset 26 follows the document.\n");
+  EXPECT_EQ(piped.err,
+            "(standard input): error: '(standard input)' is not JSON: a NUL byte at offset 26 follows the document.\n");
 
   ToolRun const empty = runInProcess({"check", "--kind", "compiler-solution", dir.file("empty.json")});
   EXPECT_EQ(empty.exitCode, 1);
   EXPECT_EQ(empty.out, dir.file("empty.json") + ": FAILED (compiler-solution, 1 error)\n");
-  EXPECT_EQ(empty.err, "ERROR: '" + dir.file("empty.json") + "' is empty; there is no compiler solution in it.\n");
+  EXPECT_EQ(empty.err, dir.file("empty.json") + ": error: '" + dir.file("empty.json") +
+                           "' is empty; there is no compiler solution in it.\n");
   ToolRun const metadata = runInProcess({"check", "--kind", "metadata", dir.file("empty.json")});
-  EXPECT_EQ(metadata.err, "ERROR: [tarvo 8-101] Failed to parse JSON file '" + dir.file("empty.json") +
-                              "': line 1, column 1: The document is empty.\n");
+  EXPECT_EQ(metadata.err, dir.file("empty.json") + ":1:1: error: The document is empty. [tarvo 8-101]\n");
   // A failed document is not converted: no output appears.
   EXPECT_EQ(runInProcess({"convert", dir.file("nul.json"), "-o", dir.file("out.json")}).exitCode, 1);
   EXPECT_FALSE(std::ifstream(dir.file("out.json")).good());
@@ -157,12 +157,17 @@ TEST(CommandLine, QuietLeavesOnlyErrors) {
   std::string const warned = tarvo_test::dataPath("traffic/reader_forms.json");
   ToolRun const loud = runInProcess({"check", warned});
   EXPECT_EQ(loud.out, warned + ": OK (traffic, 2 masters, 3 slaves, 3 paths, 2 warnings)\n");
-  EXPECT_EQ(loud.err.compare(0, 37, "CRITICAL WARNING: [tarvo 73-30] Port "), 0) << loud.err;
+  EXPECT_EQ(loud.err, warned +
+                          ":21:40: warning: Port 'BOGUS' is not a valid port of the logical slave 'ddr'; the port is "
+                          "ignored. Use PORT0 to PORT3 (or PC0_PORT0 to PC1_PORT1). [tarvo 73-30]\n" +
+                          warned +
+                          ":46:54: warning: Invalid port type 'PORT9' on a path; the port is ignored. Use PORT0 to "
+                          "PORT3 (or PC0_PORT0 to PC1_PORT1). [tarvo 73-448]\n");
   ToolRun const quiet = runInProcess({"check", "--quiet", warned, "/no/such.json"});
   EXPECT_EQ(quiet.exitCode, 1);
   EXPECT_EQ(quiet.out, "/no/such.json: FAILED (unknown kind, 1 error)\n");
-  EXPECT_EQ(quiet.err.compare(0, 45, "ERROR: [tarvo 8-100] Cannot read JSON file '/"), 0) << quiet.err;
-  EXPECT_EQ(quiet.err.find("WARNING"), std::string::npos);
+  EXPECT_EQ(quiet.err.compare(0, 43, "/no/such.json: error: Cannot read JSON file"), 0) << quiet.err;
+  EXPECT_EQ(quiet.err.find("warning"), std::string::npos);
 }
 
 TEST(CommandLine, ANocSolutionKeepsItsSolutionTypeWhereverTheKeyStands) {

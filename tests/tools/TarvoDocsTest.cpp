@@ -28,18 +28,13 @@ TEST(TarvoDocs, CheckGivesOneClearLineForEachBadFileAndExitsOne) {
   tarvo_test::ToolRun const run = docs("check '" + dir.file("empty.json") + "' '" + dir.file("syntax.json") + "' '" +
                                        dir.file("deep.json") + "' '" + missing + "' '" + kMeta + "'");
   EXPECT_EQ(run.exitCode, 1);
-  EXPECT_EQ(run.err, "ERROR: [tarvo 8-101] Failed to parse JSON file '" + dir.file("empty.json") +
-                         "': line 1, column 1: The document is empty.\n"
-                         "ERROR: [tarvo 8-101] Failed to parse JSON file '" +
-                         dir.file("syntax.json") +
-                         "': line 2, column 16: Missing a comma or '}' after an object member.\n"
-                         "ERROR: [tarvo 8-101] Failed to parse JSON file '" +
-                         dir.file("deep.json") +
-                         "': line 1, column 513: The text nests arrays and objects deeper than 512 levels.\n"
-                         "ERROR: [tarvo 8-100] Cannot read JSON file '" +
-                         missing +
-                         "': it does not exist, is not a regular file, or cannot be opened. Check the path and its "
-                         "permissions.\n");
+  EXPECT_EQ(run.err,
+            dir.file("empty.json") + ":1:1: error: The document is empty. [tarvo 8-101]\n" + dir.file("syntax.json") +
+                ":2:16: error: Missing a comma or '}' after an object member. [tarvo 8-101]\n" + dir.file("deep.json") +
+                ":1:513: error: The text nests arrays and objects deeper than 512 levels. [tarvo 8-101]\n" + missing +
+                ": error: Cannot read JSON file '" + missing +
+                "': it does not exist, is not a regular file, or cannot be opened. Check the path and its "
+                "permissions. [tarvo 8-100]\n");
   EXPECT_EQ(run.out, dir.file("empty.json") + ": FAILED (unknown kind, 1 error)\n" + dir.file("syntax.json") +
                          ": FAILED (metadata, 1 error)\n" + dir.file("deep.json") +
                          ": FAILED (unknown kind, 1 error)\n" + missing + ": FAILED (unknown kind, 1 error)\n" + kMeta +
@@ -91,8 +86,8 @@ TEST(TarvoDocs, UnrecognisedContentAsksForAKind) {
   writeFile(dir.file("other.json"), "{\"Something\": 1}");
   tarvo_test::ToolRun const run = docs("check '" + dir.file("other.json") + "'");
   EXPECT_EQ(run.exitCode, 1);
-  EXPECT_EQ(run.err,
-            "ERROR: cannot tell which kind of document '" + dir.file("other.json") + "' is; name it with --kind\n");
+  EXPECT_EQ(run.err, dir.file("other.json") + ": error: cannot tell which kind of document '" + dir.file("other.json") +
+                         "' is; name it with --kind\n");
 }
 
 }  // namespace

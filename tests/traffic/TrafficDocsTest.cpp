@@ -47,8 +47,9 @@ TEST(TrafficDocsTest, CheckAndSummary) {
     "Protocol": "AXI_MM"}]})");
   tarvo_test::ToolRun const check = docs("check '" + broken + "' '" + kExample + ".gz'");
   EXPECT_EQ(check.exitCode, 1);
-  EXPECT_EQ(check.err,
-            "ERROR: [tarvo 8-101] Failed to parse JSON file '" + broken + "': Unknown component type : NOPE\n");
+  EXPECT_EQ(check.err, broken + ":1:67: error: 'CompType': \"NOPE\" is not a known component type [tarvo 8-101]\n" +
+                           broken + ":1:67: note: Failed to parse JSON file '" + broken +
+                           "': Unknown component type : NOPE [tarvo 8-101]\n");
   EXPECT_EQ(check.out,
             broken + ": FAILED (traffic, 1 error)\n" + kExample + ".gz: OK (traffic, 3 masters, 2 slaves, 3 paths)\n");
 

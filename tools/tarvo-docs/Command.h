@@ -39,6 +39,9 @@ struct Command {
   // that needs nothing read has `run`, which returns the exit status.
   std::string kind;
   bool walksDirectories = false;  // a directory FILE stands for its *.json and *.json.gz files
+  // The library's reports of a read come as diagnostics (FILE:LINE:COLUMN: SEVERITY: TEXT [ID])
+  // with every schema violation; the command takes --strict and --diagnostics-format.
+  bool diagnoses = false;
   std::function<bool(CommandRun&, ReadOutcome&)> onDocument = nullptr;
   std::function<int(CommandRun&)> run = nullptr;
 };

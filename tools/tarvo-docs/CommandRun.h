@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "Command.h"
+#include "Diagnostic.h"
+#include "LibraryReport.h"
 #include "MessageLog.h"
 #include "ReadOutcome.h"
 #include "ToolOptions.h"
@@ -51,7 +53,17 @@ class CommandRun {
   std::optional<std::uintmax_t> writeOutput(std::string const& target,
                                             std::function<bool(std::ostream&, HDGUIStatus&)> const& write);
 
+  // True when the diagnostics go to standard output as one SARIF log at the end of the run.
+  bool sarif() const { return m_options.get("--diagnostics-format") == "sarif"; }
+  // Ends the run: prints the SARIF log of all documents read, where asked for.
+  void finish();
+
  private:
+  // Prints (or keeps for the SARIF log) the diagnostics of one read, and counts them into
+  // `outcome`. `failure` is the text of a failure that is not the library's report.
+  void diagnose(ReadOutcome& outcome, DocumentSource const* source, tarvo_diagnostics::LibraryReport const& report,
+                std::string const& failure, bool kindGiven);
+
   Command const& m_command;
   std::vector<std::string> m_files;
   ToolOptions m_options;
@@ -59,6 +71,7 @@ class CommandRun {
   bool m_progress;
   bool m_quiet;
   MessageLog m_log;
+  std::vector<tarvo_diagnostics::Diagnostic> m_sarifResults;
 };
 
 }  // namespace tarvo_docs

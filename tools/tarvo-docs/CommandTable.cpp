@@ -23,6 +23,16 @@ CommandOption kindOption() {
 }
 CommandOption const kProgress{"--progress", "", "draw a progress bar on standard error even when it is not a terminal"};
 CommandOption const kQuiet{"--quiet", "", "print only errors"};
+CommandOption const kStrict{"--strict", "",
+                            "warnings fail the check, and lint findings are warnings: keys the schema does not "
+                            "name, duplicate keys, text that is not UTF-8, values read with loss"};
+CommandOption const kDiagnosticsFormat{
+    "--diagnostics-format", "FORMAT", "text (the default), or sarif: one SARIF 2.1.0 log on standard output", false,
+    [](std::string const& format) {
+      return format == "text" || format == "sarif"
+                 ? std::string()
+                 : "check: --diagnostics-format is text or sarif, not '" + format + "'";
+    }};
 CommandOption const kTraffic{"--traffic", "FILE",
                              "the NoC traffic specification that a NoC solution, NoC placement or compiler "
                              "solution is read against"};
@@ -47,9 +57,10 @@ std::vector<Command> makeTable() {
   check.usage = "check [options] FILE|DIR...";
   check.help =
       "Reads each document with the library's reader and prints one line for each: OK with what it holds, or "
-      "FAILED after the library's report. A directory stands for every *.json and *.json.gz file below it; - is "
-      "standard input.";
-  check.options = readingOptions({});
+      "FAILED after what was found, as FILE:LINE:COLUMN: SEVERITY: TEXT [ID] on standard error, every schema "
+      "violation included. A directory stands for every *.json and *.json.gz file below it; - is standard input.";
+  check.options = readingOptions({kStrict, kDiagnosticsFormat});
+  check.diagnoses = true;
   check.minFiles = 1;
   check.maxFiles = kMany;
   check.requirement = "needs at least one FILE";

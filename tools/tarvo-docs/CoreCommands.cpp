@@ -17,11 +17,14 @@ std::string counts(ReadOutcome const& outcome) {
 
 bool checkDocument(CommandRun& run, ReadOutcome& outcome) {
   std::string const kind = outcome.kind ? outcome.kind->name() : "unknown kind";
-  if (!outcome.ok())
+  bool const passed = outcome.ok() && !(run.options().has("--strict") && outcome.warnings > 0);
+  // Standard output carries the SARIF log alone.
+  if (run.sarif()) return passed;
+  if (!passed)
     run.out() << outcome.name << ": FAILED (" << kind << counts(outcome) << ")\n";
   else if (!run.quiet())
     run.out() << outcome.name << ": OK (" << kind << ", " << outcome.document->brief() << counts(outcome) << ")\n";
-  return outcome.ok();
+  return passed;
 }
 
 bool summarizeDocument(CommandRun& run, ReadOutcome& outcome) {

@@ -28,6 +28,8 @@ class DocumentSource {
   // The file name as given, or the display name.
   std::string const& name() const { return m_name; }
   bool isFile() const { return m_text == nullptr; }
+  // The text held in memory; null for a file.
+  std::string const* text() const { return m_text.get(); }
   std::size_t size() const { return m_text ? m_text->size() : 0; }
 
   // Calls `form(fileName)` for a file and `form(stream, displayName)` for text, so that each

@@ -5,8 +5,11 @@
 
 namespace tarvo_docs {
 
-MessageLog::MessageLog(std::ostream& err, bool quiet)
-    : m_err(err), m_quiet(quiet), m_sink(ComMsgMgr::addSink([this](ComMsgMgrInstance const& m) { take(m); })) {
+MessageLog::MessageLog(std::ostream& err, bool quiet, bool print)
+    : m_err(err),
+      m_quiet(quiet),
+      m_print(print),
+      m_sink(ComMsgMgr::addSink([this](ComMsgMgrInstance const& m) { take(m); })) {
   ComMsgMgr::setDefaultSinkEnabled(false);
 }
 
@@ -19,7 +22,7 @@ void MessageLog::take(ComMsgMgrInstance const& message) {
   bool const error = message.getMask() == ComMsgMgr::MSG_ERROR;
   if (error) ++m_errors;
   if (message.getMask() == ComMsgMgr::MSG_WARNING || message.getMask() == ComMsgMgr::MSG_CRITICAL_WARNING) ++m_warnings;
-  if (m_quiet && !error) return;
+  if (!m_print || (m_quiet && !error)) return;
   m_err << message.getLine() << '\n';
   // The constraint reader attaches the place of what it reports; it goes below the line.
   std::string file;

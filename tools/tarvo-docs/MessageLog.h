@@ -9,10 +9,11 @@ namespace tarvo_docs {
 
 // While it lives, the library's messages go to `err` (instead of the default sink's standard
 // error) in the default sink's form, each followed by its place in the document where the
-// reader knows it, and are counted by severity. `quiet` leaves only errors.
+// reader knows it, and are counted by severity. `quiet` leaves only errors; without `print`
+// they are only counted (a command that prints them as diagnostics).
 class MessageLog {
  public:
-  MessageLog(std::ostream& err, bool quiet);
+  MessageLog(std::ostream& err, bool quiet, bool print = true);
   ~MessageLog();
   MessageLog(MessageLog const&) = delete;
   MessageLog& operator=(MessageLog const&) = delete;
@@ -25,6 +26,7 @@ class MessageLog {
 
   std::ostream& m_err;
   bool m_quiet;
+  bool m_print;
   int m_errors = 0;
   int m_warnings = 0;
   int m_sink;

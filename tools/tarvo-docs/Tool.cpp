@@ -183,6 +183,7 @@ int runCommand(Command const& command, std::vector<std::string> const& args, Too
     }
     allPassed = passed && allPassed;
   }
+  run.finish();
   return allPassed ? kExitSuccess : kExitFailed;
 }
 
