@@ -1,5 +1,5 @@
-#ifndef TARVO_PYTHON_MESSAGECAPTURE_H
-#define TARVO_PYTHON_MESSAGECAPTURE_H
+#ifndef TARVO_PYTHON_CAPTUREDMESSAGE_H
+#define TARVO_PYTHON_CAPTUREDMESSAGE_H
 
 #include <optional>
 #include <string>
@@ -28,22 +28,6 @@ struct CapturedMessage {
   std::string text;      // the wording with its arguments
   std::string printed;   // as the default sink prints it
   MessagePlace place;
-};
-
-// Collects the library's messages for as long as it lives, in place of the default sink, so
-// that Python sees them as objects and warnings instead of lines on standard error.
-class MessageCapture {
- public:
-  MessageCapture();
-  ~MessageCapture();
-  MessageCapture(MessageCapture const&) = delete;
-  MessageCapture& operator=(MessageCapture const&) = delete;
-
-  std::vector<CapturedMessage> const& messages() const { return m_messages; }
-
- private:
-  int m_sink;
-  std::vector<CapturedMessage> m_messages;
 };
 
 }  // namespace tarvo_python

@@ -1,4 +1,4 @@
-#include "MessageCapture.h"
+#include "CapturedMessage.h"
 
 #include <cstdlib>
 
@@ -18,17 +18,6 @@ MessagePlace::MessagePlace(ComMsgMgrInstance const& message) {
 CapturedMessage CapturedMessage::of(ComMsgMgrInstance const& message) {
   return {ComMsgMgr::severityText(message.getMask()), message.getId(), message.getText(), message.getLine(),
           MessagePlace(message)};
-}
-
-MessageCapture::MessageCapture() {
-  m_sink = ComMsgMgr::addSink(
-      [this](ComMsgMgrInstance const& message) { m_messages.push_back(CapturedMessage::of(message)); });
-  ComMsgMgr::setDefaultSinkEnabled(false);
-}
-
-MessageCapture::~MessageCapture() {
-  ComMsgMgr::removeSink(m_sink);
-  ComMsgMgr::setDefaultSinkEnabled(true);
 }
 
 }  // namespace tarvo_python
