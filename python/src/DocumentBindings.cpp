@@ -49,6 +49,26 @@ void bindDocuments(py::module_& module) {
       },
       py::arg("text"), py::arg("name"), py::arg("kind"), py::arg("options"));
   module.def("new_document", &PyDocument::empty, py::arg("kind"));
+
+  using tarvo_diagnostics::Diagnostic;
+  py::class_<Diagnostic>(module, "Diagnostic", "One finding about a document, at its place when one is known")
+      .def_readonly("file", &Diagnostic::file)
+      .def_property_readonly(
+          "line", [](Diagnostic const& d) { return d.line ? std::optional<std::size_t>(d.line) : std::nullopt; })
+      .def_property_readonly(
+          "column", [](Diagnostic const& d) { return d.line ? std::optional<std::size_t>(d.column) : std::nullopt; })
+      .def_property_readonly("severity",
+                             [](Diagnostic const& d) { return tarvo_diagnostics::severityText(d.severity); })
+      .def_readonly("id", &Diagnostic::id)
+      .def_readonly("text", &Diagnostic::text)
+      .def("__str__", &Diagnostic::format)
+      .def("__repr__", [](Diagnostic const& d) { return "<tarvo.Diagnostic " + d.format() + ">"; });
+  module.def(
+      "check_file",
+      [](std::string const& path, std::string const& kind, bool strict) {
+        return PyDocument::check(DocumentSource::file(path), kind, strict);
+      },
+      py::arg("path"), py::arg("kind"), py::arg("strict"));
 }
 
 }  // namespace tarvo_python

@@ -1,8 +1,8 @@
 #include <pybind11/stl.h>
 
 #include "Bindings.h"
+#include "CapturedMessage.h"
 #include "DocumentFailure.h"
-#include "MessageCapture.h"
 
 namespace py = pybind11;
 

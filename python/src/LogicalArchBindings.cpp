@@ -2,6 +2,7 @@
 
 #include "Bindings.h"
 #include "OwnedRefs.h"
+#include "PropertySetter.h"
 #include "TQLogicalArchModel.h"
 #include "TQLogicalConnection.h"
 #include "TQLogicalPort.h"
@@ -57,22 +58,28 @@ void bindEnums(py::module_& module) {
 void bindPort(py::module_& module) {
   py::class_<TQLogicalPort>(module, "LogicalPort", "A port of a logical instance")
       .def_property_readonly("name", &TQLogicalPort::getName)
-      .def_property("clock_frequency", &TQLogicalPort::getClkFreq, &TQLogicalPort::setClkFreq)
-      .def_property("data_width", &TQLogicalPort::getDataWidth, &TQLogicalPort::setDataWidth)
-      .def_property("bus_width", &TQLogicalPort::getBusWidth, &TQLogicalPort::setBusWidth)
-      .def_property("param_index", &TQLogicalPort::getParamIndex, &TQLogicalPort::setParamIndex)
-      .def_property("trace_file", &TQLogicalPort::getTraceFile, &TQLogicalPort::setTraceFile)
-      .def_property("channel", &TQLogicalPort::getTqChannel, &TQLogicalPort::setTqChannel)
+      .def_property("clock_frequency", &TQLogicalPort::getClkFreq,
+                    setter("clock_frequency", &TQLogicalPort::setClkFreq))
+      .def_property("data_width", &TQLogicalPort::getDataWidth, setter("data_width", &TQLogicalPort::setDataWidth))
+      .def_property("bus_width", &TQLogicalPort::getBusWidth, setter("bus_width", &TQLogicalPort::setBusWidth))
+      .def_property("param_index", &TQLogicalPort::getParamIndex, setter("param_index", &TQLogicalPort::setParamIndex))
+      .def_property("trace_file", &TQLogicalPort::getTraceFile, setter("trace_file", &TQLogicalPort::setTraceFile))
+      .def_property("channel", &TQLogicalPort::getTqChannel, setter("channel", &TQLogicalPort::setTqChannel))
       .def_property_readonly("channel_full_names", &TQLogicalPort::getTqChannelFullHierNames)
       .def("add_channel_full_name", &TQLogicalPort::addTqChannelFullHierName, py::arg("name"))
-      .def_property("annotations", &TQLogicalPort::getAnnotations, &TQLogicalPort::setAnnotations)
-      .def_property("hw_annotation", &TQLogicalPort::getHWAnnotation, &TQLogicalPort::setHWAnnotation)
-      .def_property("sdf_io_names", &TQLogicalPort::getSDFIONames, &TQLogicalPort::setSDFIONames)
-      .def_property("vlnv_name", &TQLogicalPort::getVLNVName, &TQLogicalPort::setVLNVName)
-      .def_property("type", &TQLogicalPort::getType, &TQLogicalPort::setType)
-      .def_property("direction", &TQLogicalPort::getDirectionType, &TQLogicalPort::setDirectionType)
-      .def_property("register_interface", &TQLogicalPort::getRegisterInterface, &TQLogicalPort::setRegisterInterface)
-      .def_property("traced", &TQLogicalPort::isTraced, &TQLogicalPort::setIsTraced)
+      .def_property("annotations", &TQLogicalPort::getAnnotations,
+                    setter("annotations", &TQLogicalPort::setAnnotations))
+      .def_property("hw_annotation", &TQLogicalPort::getHWAnnotation,
+                    setter("hw_annotation", &TQLogicalPort::setHWAnnotation))
+      .def_property("sdf_io_names", &TQLogicalPort::getSDFIONames,
+                    setter("sdf_io_names", &TQLogicalPort::setSDFIONames))
+      .def_property("vlnv_name", &TQLogicalPort::getVLNVName, setter("vlnv_name", &TQLogicalPort::setVLNVName))
+      .def_property("type", &TQLogicalPort::getType, setter("type", &TQLogicalPort::setType))
+      .def_property("direction", &TQLogicalPort::getDirectionType,
+                    setter("direction", &TQLogicalPort::setDirectionType))
+      .def_property("register_interface", &TQLogicalPort::getRegisterInterface,
+                    setter("register_interface", &TQLogicalPort::setRegisterInterface))
+      .def_property("traced", &TQLogicalPort::isTraced, setter("traced", &TQLogicalPort::setIsTraced))
       .def_property_readonly(
           "instance", [](py::object self) { return owned(self.cast<TQLogicalPort&>().getParentInstance(), self); })
       .def_property_readonly(
@@ -83,7 +90,8 @@ void bindPort(py::module_& module) {
 void bindInstances(py::module_& module) {
   py::class_<TQLogicalArchLInst>(module, "LogicalInstance", "An instance of a logical architecture")
       .def_property_readonly("name", &TQLogicalArchLInst::getName)
-      .def_property("hw_annotation", &TQLogicalArchLInst::getHWAnnotation, &TQLogicalArchLInst::setHWAnnotation)
+      .def_property("hw_annotation", &TQLogicalArchLInst::getHWAnnotation,
+                    setter("hw_annotation", &TQLogicalArchLInst::setHWAnnotation))
       .def_property_readonly("type", &TQLogicalArchLInst::getType)
       .def_property_readonly("ports",
                              [](py::object self) {
@@ -101,19 +109,28 @@ void bindInstances(py::module_& module) {
         return std::string("<tarvo.LogicalInstance ") + instance.getTypeAsStr() + " " + instance.getName() + ">";
       });
   py::class_<TQLogicalTQIPInstance, TQLogicalArchLInst>(module, "KpeInstance")
-      .def_property("vlnv_name", &TQLogicalTQIPInstance::getVLNVName, &TQLogicalTQIPInstance::setVLNVName)
-      .def_property("annotation", &TQLogicalTQIPInstance::getAnnotation, &TQLogicalTQIPInstance::setAnnotation)
+      .def_property("vlnv_name", &TQLogicalTQIPInstance::getVLNVName,
+                    setter("vlnv_name", &TQLogicalTQIPInstance::setVLNVName))
+      .def_property("annotation", &TQLogicalTQIPInstance::getAnnotation,
+                    setter("annotation", &TQLogicalTQIPInstance::setAnnotation))
       .def_property("logical_device_json", &TQLogicalTQIPInstance::getLogicalDeviceJSON,
-                    &TQLogicalTQIPInstance::setLogicalDeviceJSON);
+                    setter("logical_device_json", &TQLogicalTQIPInstance::setLogicalDeviceJSON));
   py::class_<TQLogicalNOCIPInstance, TQLogicalArchLInst>(module, "NocInstance")
-      .def_property("vlnv_name", &TQLogicalNOCIPInstance::getVLNVName, &TQLogicalNOCIPInstance::setVLNVName)
-      .def_property("annotation", &TQLogicalNOCIPInstance::getAnnotation, &TQLogicalNOCIPInstance::setAnnotation)
-      .def_property("ip_type", &TQLogicalNOCIPInstance::getIPType, &TQLogicalNOCIPInstance::setIPType);
+      .def_property("vlnv_name", &TQLogicalNOCIPInstance::getVLNVName,
+                    setter("vlnv_name", &TQLogicalNOCIPInstance::setVLNVName))
+      .def_property("annotation", &TQLogicalNOCIPInstance::getAnnotation,
+                    setter("annotation", &TQLogicalNOCIPInstance::setAnnotation))
+      .def_property("ip_type", &TQLogicalNOCIPInstance::getIPType,
+                    setter("ip_type", &TQLogicalNOCIPInstance::setIPType));
   py::class_<TQLogicalPLIPInstance, TQLogicalArchLInst>(module, "PlInstance")
-      .def_property("vlnv_name", &TQLogicalPLIPInstance::getVLNVName, &TQLogicalPLIPInstance::setVLNVName)
-      .def_property("c_kernel_name", &TQLogicalPLIPInstance::getCKernelName, &TQLogicalPLIPInstance::setCKernelName)
-      .def_property("sdf_instance_name", &TQLogicalPLIPInstance::getSDFInstName, &TQLogicalPLIPInstance::setSDFInstName)
-      .def_property("annotation", &TQLogicalPLIPInstance::getAnnotation, &TQLogicalPLIPInstance::setAnnotation);
+      .def_property("vlnv_name", &TQLogicalPLIPInstance::getVLNVName,
+                    setter("vlnv_name", &TQLogicalPLIPInstance::setVLNVName))
+      .def_property("c_kernel_name", &TQLogicalPLIPInstance::getCKernelName,
+                    setter("c_kernel_name", &TQLogicalPLIPInstance::setCKernelName))
+      .def_property("sdf_instance_name", &TQLogicalPLIPInstance::getSDFInstName,
+                    setter("sdf_instance_name", &TQLogicalPLIPInstance::setSDFInstName))
+      .def_property("annotation", &TQLogicalPLIPInstance::getAnnotation,
+                    setter("annotation", &TQLogicalPLIPInstance::setAnnotation));
 }
 
 void bindConnection(py::module_& module) {
@@ -128,10 +145,12 @@ void bindConnection(py::module_& module) {
             return ownedList(std::vector<TQLogicalPort*>(connection.beginDstPortItr(), connection.endDstPortItr()),
                              self);
           })
-      .def_property("type", &TQLogicalConnection::getType, &TQLogicalConnection::setType)
-      .def_property("mem_mode", &TQLogicalConnection::getMemMode, &TQLogicalConnection::setMemMode)
-      .def_property("addr_type", &TQLogicalConnection::getAddrType, &TQLogicalConnection::setAddrType)
-      .def_property("direction", &TQLogicalConnection::getDirectionType, &TQLogicalConnection::setDirectionType)
+      .def_property("type", &TQLogicalConnection::getType, setter("type", &TQLogicalConnection::setType))
+      .def_property("mem_mode", &TQLogicalConnection::getMemMode, setter("mem_mode", &TQLogicalConnection::setMemMode))
+      .def_property("addr_type", &TQLogicalConnection::getAddrType,
+                    setter("addr_type", &TQLogicalConnection::setAddrType))
+      .def_property("direction", &TQLogicalConnection::getDirectionType,
+                    setter("direction", &TQLogicalConnection::setDirectionType))
       .def("__repr__", [](TQLogicalConnection const& connection) {
         return "<tarvo.LogicalConnection " + connection.getName() + ">";
       });
@@ -151,10 +170,11 @@ void requireOwnPort(TQLogicalArchModel const& model, TQLogicalPort const* port, 
 void bindModel(py::module_& module) {
   py::class_<TQLogicalArchModel>(module, "LogicalArch", "The logical architecture of a KPE design")
       .def(py::init<>())
-      .def_property("app_id", &TQLogicalArchModel::getAppID, &TQLogicalArchModel::setAppID)
-      .def_property("device", &TQLogicalArchModel::getDeviceModel, &TQLogicalArchModel::setDeviceModel)
-      .def_property("schema", &TQLogicalArchModel::getSchema, &TQLogicalArchModel::setSchema)
-      .def_property("platform", &TQLogicalArchModel::getPlatform, &TQLogicalArchModel::setPlatform)
+      .def_property("app_id", &TQLogicalArchModel::getAppID, setter("app_id", &TQLogicalArchModel::setAppID))
+      .def_property("device", &TQLogicalArchModel::getDeviceModel,
+                    setter("device", &TQLogicalArchModel::setDeviceModel))
+      .def_property("schema", &TQLogicalArchModel::getSchema, setter("schema", &TQLogicalArchModel::setSchema))
+      .def_property("platform", &TQLogicalArchModel::getPlatform, setter("platform", &TQLogicalArchModel::setPlatform))
       .def_property_readonly("instances",
                              [](py::object self) {
                                auto const& model = self.cast<TQLogicalArchModel const&>();

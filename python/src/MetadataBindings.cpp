@@ -4,6 +4,7 @@
 
 #include "Bindings.h"
 #include "KPEPrjMetaDataModel.h"
+#include "PropertySetter.h"
 
 namespace py = pybind11;
 
@@ -109,7 +110,8 @@ void bindMetadata(py::module_& module) {
           },
           py::arg("name"), py::arg("default") = py::none())
       .def("clear", &KPEPrjMetaDataModel::clear)
-      .def_property("pl_interface_id", &KPEPrjMetaDataModel::getKPEPLIntfID, &KPEPrjMetaDataModel::setKPEPLIntfID)
+      .def_property("pl_interface_id", &KPEPrjMetaDataModel::getKPEPLIntfID,
+                    setter("pl_interface_id", &KPEPrjMetaDataModel::setKPEPLIntfID))
       .def("__repr__", [](KPEPrjMetaDataModel const& model) {
         return "<tarvo.Metadata " + std::to_string(model.getProperties().size()) + " properties>";
       });

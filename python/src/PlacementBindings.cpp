@@ -9,6 +9,7 @@
 #include "KPEShimInterfaceSolution.h"
 #include "Link.h"
 #include "OwnedRefs.h"
+#include "PropertySetter.h"
 #include "TrafficSpec.h"
 
 namespace py = pybind11;
@@ -79,7 +80,7 @@ void bindSolution(py::module_& module) {
   py::class_<CompRes>(module, "NocSolution", "What the NoC compiler made of a traffic specification")
       .def_property(
           "state", [](CompRes const& result) { return static_cast<CompRes::SolutionState>(result.getSolutionState()); },
-          [](CompRes& result, CompRes::SolutionState state) { result.setSolutionState(state); })
+          setter("state", [](CompRes& result, CompRes::SolutionState state) { result.setSolutionState(state); }))
       .def_property_readonly(
           "routes",
           [](py::object self) {

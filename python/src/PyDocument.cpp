@@ -3,9 +3,12 @@
 #include <iostream>
 #include <sstream>
 
+#include "ComMsgMgr.h"
 #include "ConstraintStore.h"
+#include "Diagnoser.h"
 #include "DocumentFailure.h"
 #include "HDGUIStatus.h"
+#include "HEXAll.h"
 #include "KindDetection.h"
 #include "OutputFile.h"
 #include "OwnedRefs.h"
@@ -17,23 +20,71 @@ namespace tarvo_python {
 
 using namespace tarvo_docs;
 
+void PyDocument::attempt(Attempt& attempt, DocumentSource const& source, std::string const& kind,
+                         ToolOptions const& options) {
+  attempt.kind = kind.empty() ? nullptr : findKind(kind);
+  if (!kind.empty() && attempt.kind == nullptr) throw py::value_error("unknown document kind '" + kind + "'");
+  tarvo_diagnostics::MessageCapture const capture(attempt.report, true);
+  try {
+    if (attempt.kind == nullptr) attempt.kind = &detectKind(source);
+    HDGUIStatus status;
+    attempt.loaded = attempt.kind->read(source, options, status);
+    // The parser stops at a NUL byte, so a document followed by one would read as if the rest
+    // were not there; the program refuses it, and so does the package.
+    std::size_t const nul = source.firstNulByte();
+    if (nul != std::string::npos && !attempt.failed())
+      attempt.failure =
+          "'" + source.name() + "' is not JSON: a NUL byte at offset " + std::to_string(nul) + " follows the document.";
+  } catch (HEXAll const& error) {
+    attempt.report.failure = error.getMessage();
+  } catch (std::bad_alloc const&) {
+    throw;
+  } catch (std::exception const& error) {
+    attempt.failure = error.what();
+  }
+}
+
+bool PyDocument::Attempt::failed() const {
+  if (report.failure || !failure.empty()) return true;
+  // The program counts a read that sent an error as failed, and so does the package.
+  for (ComMsgMgrInstance const& message : report.messages)
+    if (message.getMask() == ComMsgMgr::MSG_ERROR) return true;
+  return false;
+}
+
+std::vector<tarvo_diagnostics::Diagnostic> PyDocument::Attempt::diagnose(DocumentSource const& source,
+                                                                         bool strict) const {
+  tarvo_diagnostics::Diagnoser::Options options;
+  options.kind = kind ? kind->name() : std::string();
+  options.schemaFile = tarvo_diagnostics::Diagnoser::schemaFileOf(options.kind);
+  options.strict = strict;
+  std::string const* text = source.text();
+  std::vector<tarvo_diagnostics::Diagnostic> diagnostics =
+      text ? tarvo_diagnostics::Diagnoser(source.name(), *text, options).diagnose(report)
+           : tarvo_diagnostics::Diagnoser(source.name(), options).diagnose(report);
+  if (!failure.empty())
+    diagnostics.push_back({source.name(), 0, 0, 0, tarvo_diagnostics::Severity::Error, "", failure});
+  return diagnostics;
+}
+
 std::unique_ptr<PyDocument> PyDocument::read(DocumentSource const& source, std::string const& kind,
                                              ToolOptions const& options) {
-  DocumentKind const* found = kind.empty() ? nullptr : findKind(kind);
-  if (!kind.empty() && found == nullptr) throw py::value_error("unknown document kind '" + kind + "'");
-  MessageCapture capture;
-  std::unique_ptr<PyDocument> document;
-  DocumentFailure::guard(source.name(), [&] {
-    if (found == nullptr) found = &detectKind(source);
-    HDGUIStatus status;
-    std::unique_ptr<LoadedDocument> loaded = found->read(source, options, status);
-    document.reset(new PyDocument(found->name(), source.name(), options, std::move(loaded)));
-  });
-  document->m_messages = capture.messages();
-  // The program counts a read that sent an error as failed, and so does the package.
-  for (CapturedMessage const& message : document->m_messages)
-    if (message.severity == "ERROR") throw DocumentFailure(message, source.name());
+  Attempt attempt;
+  PyDocument::attempt(attempt, source, kind, options);
+  if (attempt.failed())
+    throw DocumentFailure::of(attempt.report, attempt.failure, attempt.diagnose(source, false), source.name());
+  std::unique_ptr<PyDocument> document(
+      new PyDocument(attempt.kind->name(), source.name(), options, std::move(attempt.loaded)));
+  for (ComMsgMgrInstance const& message : attempt.report.messages)
+    document->m_messages.push_back(CapturedMessage::of(message));
   return document;
+}
+
+std::vector<tarvo_diagnostics::Diagnostic> PyDocument::check(DocumentSource const& source, std::string const& kind,
+                                                             bool strict) {
+  Attempt attempt;
+  PyDocument::attempt(attempt, source, kind, ToolOptions());
+  return attempt.diagnose(source, strict);
 }
 
 std::unique_ptr<PyDocument> PyDocument::empty(std::string const& kind) {
@@ -85,20 +136,22 @@ bool PyDocument::writeTo(std::ostream& out, ToolOptions const& options) const {
 }
 
 std::string PyDocument::dumps() const {
-  MessageCapture capture;
+  tarvo_diagnostics::LibraryReport report;
+  tarvo_diagnostics::MessageCapture const capture(report, true);
   std::ostringstream out;
-  if (!writeTo(out, m_options)) throw DocumentFailure::refused(capture.messages(), m_name);
+  if (!writeTo(out, m_options)) throw DocumentFailure::refused(report.messages, m_name);
   return out.str();
 }
 
 void PyDocument::write(std::string const& path) const {
-  MessageCapture capture;
+  tarvo_diagnostics::LibraryReport report;
+  tarvo_diagnostics::MessageCapture const capture(report, true);
   ToolOptions options = m_options;
   options.add("-o", path);
   std::uintmax_t written = 0;
   DocumentFailure::guard(path, [&] {
     OutputFile output(path, std::cout);
-    if (!writeTo(output.stream(), options)) throw DocumentFailure::refused(capture.messages(), path);
+    if (!writeTo(output.stream(), options)) throw DocumentFailure::refused(report.messages, path);
     written = output.commit();
   });
   if (written == 0)

@@ -7,9 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "CapturedMessage.h"
+#include "Diagnostic.h"
 #include "DocumentKind.h"
 #include "DocumentSource.h"
-#include "MessageCapture.h"
+#include "LibraryReport.h"
 #include "ToolOptions.h"
 
 namespace tarvo_python {
@@ -23,6 +25,10 @@ class PyDocument {
   // Failures, and reads during which the library sent an error, leave as DocumentFailure.
   static std::unique_ptr<PyDocument> read(tarvo_docs::DocumentSource const& source, std::string const& kind,
                                           tarvo_docs::ToolOptions const& options);
+  // What `tarvo-docs check` finds in `source`: the library's reports placed at their line
+  // and column, every schema violation, and under `strict` the lint findings.
+  static std::vector<tarvo_diagnostics::Diagnostic> check(tarvo_docs::DocumentSource const& source,
+                                                          std::string const& kind, bool strict);
   // A document of `kind` with an empty model, for a script that builds one.
   static std::unique_ptr<PyDocument> empty(std::string const& kind);
 
@@ -51,6 +57,19 @@ class PyDocument {
   PyDocument(std::string kind, std::string name, tarvo_docs::ToolOptions options,
              std::unique_ptr<tarvo_docs::LoadedDocument> loaded)
       : m_kind(std::move(kind)), m_name(std::move(name)), m_options(std::move(options)), m_loaded(std::move(loaded)) {}
+
+  // One read as the program makes it: what the library reported, and the model when the read
+  // got that far. Only an unknown kind leaves by exception.
+  struct Attempt {
+    tarvo_docs::DocumentKind const* kind = nullptr;
+    std::unique_ptr<tarvo_docs::LoadedDocument> loaded;
+    tarvo_diagnostics::LibraryReport report;
+    std::string failure;  // a failure without a message of the library
+    bool failed() const;
+    std::vector<tarvo_diagnostics::Diagnostic> diagnose(tarvo_docs::DocumentSource const& source, bool strict) const;
+  };
+  static void attempt(Attempt& attempt, tarvo_docs::DocumentSource const& source, std::string const& kind,
+                      tarvo_docs::ToolOptions const& options);
 
   // Runs the document's writer into `out` with `options`; false when it refused.
   bool writeTo(std::ostream& out, tarvo_docs::ToolOptions const& options) const;

@@ -3,6 +3,7 @@
 
 #include "Bindings.h"
 #include "OwnedRefs.h"
+#include "PropertySetter.h"
 #include "TrafficSpec.h"
 
 namespace py = pybind11;
@@ -77,8 +78,11 @@ void bindPerfSpec(py::module_& module) {
 }
 
 void bindInstance(py::module_& module) {
-  py::class_<TrafficLInst>(module, "TrafficInstance", "A logical master, slave or array channel")
-      .def_property_readonly("id", &TrafficLInst::getId)
+  py::class_<TrafficLInst> instance(module, "TrafficInstance", "A logical master, slave or array channel");
+  plainMember(instance, "ip_name", &TrafficLInst::ipName);
+  plainMember(instance, "firewall", &TrafficLInst::firewall);
+  plainMember(instance, "is_virtual", &TrafficLInst::virtualInstance);
+  instance.def_property_readonly("id", &TrafficLInst::getId)
       .def_property_readonly("name", &TrafficLInst::getName)
       .def_property_readonly("protocol", &TrafficLInst::getProtocol)
       .def_property_readonly("comp_type", &TrafficLInst::getCompType)
@@ -86,16 +90,19 @@ void bindInstance(py::module_& module) {
       .def_property_readonly("is_slave", &TrafficLInst::isSlave)
       .def_property_readonly("is_error_slave", &TrafficLInst::isErrorSlave)
       .def_property_readonly("external_conns", &TrafficLInst::getExternalConnsForAllPorts)
-      .def_property("design_name", &TrafficLInst::getDesignName, &TrafficLInst::setDesignName)
-      .def_readwrite("ip_name", &TrafficLInst::ipName)
-      .def_readwrite("firewall", &TrafficLInst::firewall)
-      .def_readwrite("is_virtual", &TrafficLInst::virtualInstance)
-      .def_property("read_traffic_class", &TrafficLInst::getReadTC, &TrafficLInst::setReadTC)
-      .def_property("write_traffic_class", &TrafficLInst::getWriteTC, &TrafficLInst::setWriteTC)
-      .def_property("read_outstanding", &TrafficLInst::getNumReadOutstanding, &TrafficLInst::setNumReadOutstanding)
-      .def_property("write_outstanding", &TrafficLInst::getNumWriteOutstanding, &TrafficLInst::setNumWriteOutstanding)
-      .def_property("read_rate_limiter", &TrafficLInst::getReadRateLimiter, &TrafficLInst::setReadRateLimiter)
-      .def_property("write_rate_limiter", &TrafficLInst::getWriteRateLimiter, &TrafficLInst::setWriteRateLimiter)
+      .def_property("design_name", &TrafficLInst::getDesignName, setter("design_name", &TrafficLInst::setDesignName))
+      .def_property("read_traffic_class", &TrafficLInst::getReadTC,
+                    setter("read_traffic_class", &TrafficLInst::setReadTC))
+      .def_property("write_traffic_class", &TrafficLInst::getWriteTC,
+                    setter("write_traffic_class", &TrafficLInst::setWriteTC))
+      .def_property("read_outstanding", &TrafficLInst::getNumReadOutstanding,
+                    setter("read_outstanding", &TrafficLInst::setNumReadOutstanding))
+      .def_property("write_outstanding", &TrafficLInst::getNumWriteOutstanding,
+                    setter("write_outstanding", &TrafficLInst::setNumWriteOutstanding))
+      .def_property("read_rate_limiter", &TrafficLInst::getReadRateLimiter,
+                    setter("read_rate_limiter", &TrafficLInst::setReadRateLimiter))
+      .def_property("write_rate_limiter", &TrafficLInst::getWriteRateLimiter,
+                    setter("write_rate_limiter", &TrafficLInst::setWriteRateLimiter))
       .def_property_readonly("remaps",
                              [](TrafficLInst const& instance) {
                                std::vector<std::tuple<uint64_t, uint64_t, uint64_t>> remaps;
@@ -121,20 +128,24 @@ void bindInstance(py::module_& module) {
       .def("add_memory_param", &TrafficLInst::addMemoryParam, py::arg("name"), py::arg("value"))
       .def_property_readonly("config_params", &TrafficLInst::getConfigParams)
       .def("add_config_param", &TrafficLInst::addConfigParam, py::arg("name"), py::arg("value"))
-      .def_property("use_dest_id_index", &TrafficLInst::getUseDestIdIdx, &TrafficLInst::setUseDestIdIdx)
-      .def_property("parity_addr", &TrafficLInst::hasParityAddr, &TrafficLInst::setHasParityAddr)
-      .def_property("parity_data", &TrafficLInst::hasParityData, &TrafficLInst::setHasParityData)
-      .def_property("axi_width", &TrafficLInst::getAxiWidth, &TrafficLInst::setAxiWidth)
+      .def_property("use_dest_id_index", &TrafficLInst::getUseDestIdIdx,
+                    setter("use_dest_id_index", &TrafficLInst::setUseDestIdIdx))
+      .def_property("parity_addr", &TrafficLInst::hasParityAddr, setter("parity_addr", &TrafficLInst::setHasParityAddr))
+      .def_property("parity_data", &TrafficLInst::hasParityData, setter("parity_data", &TrafficLInst::setHasParityData))
+      .def_property("axi_width", &TrafficLInst::getAxiWidth, setter("axi_width", &TrafficLInst::setAxiWidth))
       .def_property_readonly("port_types", &TrafficLInst::getPortTypes)
-      .def_property("ddr_interleave_size", &TrafficLInst::getDdrInterleaveSize, &TrafficLInst::setDdrInterleaveSize)
-      .def_property("ddr_interleave_sel", &TrafficLInst::getDdrInterleaveSel, &TrafficLInst::setDdrInterleaveSel)
+      .def_property("ddr_interleave_size", &TrafficLInst::getDdrInterleaveSize,
+                    setter("ddr_interleave_size", &TrafficLInst::setDdrInterleaveSize))
+      .def_property("ddr_interleave_sel", &TrafficLInst::getDdrInterleaveSel,
+                    setter("ddr_interleave_sel", &TrafficLInst::setDdrInterleaveSel))
       .def_property(
           "dest_id",
           [](TrafficLInst const& instance) { return optionalDestId(instance.isExistDestId(), instance.getDestId()); },
-          [](TrafficLInst& instance, std::optional<uint16_t> id) {
-            instance.setIsExistDestId(id.has_value());
-            instance.setDestId(DestIdRepr(id.value_or(0)));
-          })
+          setter("dest_id",
+                 [](TrafficLInst& instance, std::optional<uint16_t> id) {
+                   instance.setIsExistDestId(id.has_value());
+                   instance.setDestId(DestIdRepr(id.value_or(0)));
+                 }))
       .def("__repr__",
            [](TrafficLInst const& instance) { return "<tarvo.TrafficInstance " + instance.getName() + ">"; });
 }
@@ -146,8 +157,9 @@ void bindPath(py::module_& module) {
       .def_property_readonly("path", [](py::object self) { return owned(self.cast<TrafficNet&>().getPath(), self); })
       .def_property_readonly("perf", &TrafficNet::getPerfSpec);
 
-  py::class_<TrafficPath>(module, "TrafficPath", "A connection from a master to a slave with its requirements")
-      .def_property_readonly("index", &TrafficPath::getIndex)
+  py::class_<TrafficPath> path(module, "TrafficPath", "A connection from a master to a slave with its requirements");
+  plainMember(path, "phase", &TrafficPath::phase);
+  path.def_property_readonly("index", &TrafficPath::getIndex)
       .def_property_readonly("source",
                              [](py::object self) { return owned(self.cast<TrafficPath&>().getMaster(), self); })
       .def_property_readonly("destination",
@@ -160,14 +172,14 @@ void bindPath(py::module_& module) {
                                  nets.push_back(path.getNet(i));
                                return ownedList(nets, self);
                              })
-      .def_property("slave_port", &TrafficPath::getSlavePort, &TrafficPath::setSlavePort)
-      .def_property("write_order", &TrafficPath::getWoc, &TrafficPath::setWoc)
+      .def_property("slave_port", &TrafficPath::getSlavePort, setter("slave_port", &TrafficPath::setSlavePort))
+      .def_property("write_order", &TrafficPath::getWoc, setter("write_order", &TrafficPath::setWoc))
       .def_property(
           "read", [](TrafficPath const& path) { return path.getReadPerfSpec(); },
-          [](TrafficPath& path, PerfSpec const& spec) { path.setReadPerfSpec(spec); })
+          setter("read", [](TrafficPath& path, PerfSpec const& spec) { path.setReadPerfSpec(spec); }))
       .def_property(
           "write", [](TrafficPath const& path) { return path.getWritePerfSpec(); },
-          [](TrafficPath& path, PerfSpec const& spec) { path.setWritePerfSpec(spec); })
+          setter("write", [](TrafficPath& path, PerfSpec const& spec) { path.setWritePerfSpec(spec); }))
       .def(
           "read_in_phase",
           [](TrafficPath const& path, std::string const& phase) { return path.getReadPerfSpec(phase); },
@@ -192,20 +204,22 @@ void bindPath(py::module_& module) {
       .def_property_readonly("has_write_phases", &TrafficPath::hasMultipleWritePhases)
       .def_property(
           "read_avg_burst", [](TrafficPath const& path) { return path.getReadAvgBurst(); },
-          [](TrafficPath& path, uint16_t burst) { path.setReadAvgBurst(burst); })
+          setter("read_avg_burst", [](TrafficPath& path, uint16_t burst) { path.setReadAvgBurst(burst); }))
       .def_property(
           "write_avg_burst", [](TrafficPath const& path) { return path.getWriteAvgBurst(); },
-          [](TrafficPath& path, uint16_t burst) { path.setWriteAvgBurst(burst); })
-      .def_property("exclusive_group", &TrafficPath::getExclusiveGroup, &TrafficPath::setExclusiveGroup)
+          setter("write_avg_burst", [](TrafficPath& path, uint16_t burst) { path.setWriteAvgBurst(burst); }))
+      .def_property("exclusive_group", &TrafficPath::getExclusiveGroup,
+                    setter("exclusive_group", &TrafficPath::setExclusiveGroup))
       .def_property("separate_routing_group", &TrafficPath::getSeparateRoutingGroup,
-                    &TrafficPath::setSeparateRoutingGroup)
+                    setter("separate_routing_group", &TrafficPath::setSeparateRoutingGroup))
       .def_property(
           "dest_id_index",
           [](TrafficPath const& path) { return optionalDestId(path.isExistDestIdIndex(), path.getDestIdIndex()); },
-          [](TrafficPath& path, std::optional<uint16_t> index) {
-            path.setIsExistDestIdIndex(index.has_value());
-            path.setDestIdIndex(DestIdRepr(index.value_or(0)));
-          })
+          setter("dest_id_index",
+                 [](TrafficPath& path, std::optional<uint16_t> index) {
+                   path.setIsExistDestIdIndex(index.has_value());
+                   path.setDestIdIndex(DestIdRepr(index.value_or(0)));
+                 }))
       .def_property_readonly("dest_id_ranges",
                              [](TrafficPath const& path) {
                                std::vector<std::pair<int, int>> ranges;
@@ -219,9 +233,9 @@ void bindPath(py::module_& module) {
             path.addDestIdIdx({start, end});
           },
           py::arg("start"), py::arg("end"))
-      .def_property("initial_boot", &TrafficPath::isInitialBoot, &TrafficPath::setIsInitialBoot)
-      .def_property("high_priority_routing", &TrafficPath::getHighPriorityRouting, &TrafficPath::setHighPriorityRouting)
-      .def_readwrite("phase", &TrafficPath::phase)
+      .def_property("initial_boot", &TrafficPath::isInitialBoot, setter("initial_boot", &TrafficPath::setIsInitialBoot))
+      .def_property("high_priority_routing", &TrafficPath::getHighPriorityRouting,
+                    setter("high_priority_routing", &TrafficPath::setHighPriorityRouting))
       .def("__repr__", [](TrafficPath const& path) {
         return "<tarvo.TrafficPath " + path.getMaster()->getName() + " -> " + path.getSlave()->getName() + ">";
       });
@@ -287,13 +301,12 @@ void bindSpec(py::module_& module) {
             spec.addPortTypeForMC(instance, port);
           },
           py::arg("instance"), py::arg("port"), "Records a port of a memory controller")
-      .def_property(
-          "frequency", &TrafficSpec::getFrequency,
-          [](TrafficSpec& spec, int frequency) { spec.setFrequency(frequency, true); },
-          "The frequency; setting it marks it as the user's")
+      .def_property("frequency", &TrafficSpec::getFrequency,
+                    setter("frequency", [](TrafficSpec& spec, int frequency) { spec.setFrequency(frequency, true); }),
+                    "The frequency; setting it marks it as the user's")
       .def_property_readonly("user_set_frequency", &TrafficSpec::isUserSetFrequency)
-      .def_property("secure_mode", &TrafficSpec::getSecureMode, &TrafficSpec::setSecureMode)
-      .def_property("device_name", &TrafficSpec::getDeviceName, &TrafficSpec::setDeviceName)
+      .def_property("secure_mode", &TrafficSpec::getSecureMode, setter("secure_mode", &TrafficSpec::setSecureMode))
+      .def_property("device_name", &TrafficSpec::getDeviceName, setter("device_name", &TrafficSpec::setDeviceName))
       .def_property_readonly("rcf_paths", &TrafficSpec::getRcfPaths)
       .def("add_rcf_path", &TrafficSpec::addRcfPath, py::arg("path"))
       .def_property_readonly("phase_groups",

@@ -19,6 +19,7 @@ from ._tarvo import (  # noqa: F401  (the package's public names)
     CompRole,
     CompType,
     ConnectionDirection,
+    Diagnostic,
     Constraint,
     ConstraintStore,
     DataFlowType,
@@ -164,6 +165,18 @@ def loads(text, kind=None, traffic=None, arch=None, device=None, prefix=None, na
     name = _text_argument(name, "name", "loads")
     options = _options("loads", traffic, arch, device, prefix)
     return _issue(Document(_tarvo.read_text(text, name, kind or "", options)))
+
+
+def check(path, kind=None, strict=False):
+    """What ``tarvo-docs check`` finds in the document at ``path``: a list of ``tarvo.Diagnostic``
+    with ``file``, ``line``, ``column`` (None where no place is known), ``severity`` ("error",
+    "warning" or "note"), ``id`` and ``text``. ``strict`` adds the lint findings. A document
+    that fails to read is not an exception here but errors in the list."""
+    path = _text_argument(path, "path", "check", path=True)
+    kind = _text_argument(kind, "kind", "check", optional=True)
+    if not isinstance(strict, bool):
+        raise TypeError(f"check() argument 'strict' must be bool, not {type(strict).__name__}")
+    return _tarvo.check_file(path, kind or "", strict)
 
 
 def new(kind):

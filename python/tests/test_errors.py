@@ -17,6 +17,9 @@ def test_failures_of_a_read_carry_the_library_message(examples, tmp_path):
     assert (caught.value.id, caught.value.file) == ("8-101", "t.json")
     assert caught.value.text == "Failed to parse JSON file 't.json': line 1, column 23: Invalid value."
 
+    with pytest.raises(tarvo.DocumentError, match="^'m.json' is not JSON: a NUL byte at offset 16 follows the document.$"):
+        tarvo.loads('{"MetaData": []}\0{"MetaData": 5}', name="m.json")
+
     with pytest.raises(tarvo.DocumentError) as caught:
         tarvo.read(examples / "project_meta.json", kind="traffic")
     assert caught.value.id == "8-101"

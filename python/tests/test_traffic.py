@@ -54,6 +54,11 @@ def test_bandwidth_per_master_and_changes(examples):
     # A requirement is a value: changing it means assigning a new one.
     with pytest.raises(AttributeError):
         path.read.bandwidth = 5
+    # A refused value names the property.
+    with pytest.raises(TypeError, match=r"\(self: tarvo\._tarvo\.TrafficPath, read: tarvo\._tarvo\.PerfSpec\)"):
+        path.read = 5
+    with pytest.raises(TypeError, match=r"phase: int"):
+        path.phase = "hd"
     path.read = tarvo.PerfSpec(tarvo.TrafficClass.LL, 1700, 250)
     assert (path.read.traffic_class, path.read.bandwidth, path.read.latency) == (tarvo.TrafficClass.LL, 1700, 250)
     path.set_write_in_phase("modes", "turbo", tarvo.PerfSpec(bandwidth=900, latency=100))

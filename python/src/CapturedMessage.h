@@ -1,11 +1,13 @@
-#ifndef TARVO_PYTHON_MESSAGECAPTURE_H
-#define TARVO_PYTHON_MESSAGECAPTURE_H
+#ifndef TARVO_PYTHON_CAPTUREDMESSAGE_H
+#define TARVO_PYTHON_CAPTUREDMESSAGE_H
 
 #include <optional>
 #include <string>
 #include <vector>
 
 class ComMsgMgrInstance;
+
+namespace tarvo_python {
 
 // Where a message places itself in a document: the file, line and column that the reader
 // attached to it, or nothing.
@@ -28,20 +30,6 @@ struct CapturedMessage {
   MessagePlace place;
 };
 
-// Collects the library's messages for as long as it lives, in place of the default sink, so
-// that Python sees them as objects and warnings instead of lines on standard error.
-class MessageCapture {
- public:
-  MessageCapture();
-  ~MessageCapture();
-  MessageCapture(MessageCapture const&) = delete;
-  MessageCapture& operator=(MessageCapture const&) = delete;
-
-  std::vector<CapturedMessage> const& messages() const { return m_messages; }
-
- private:
-  int m_sink;
-  std::vector<CapturedMessage> m_messages;
-};
+}  // namespace tarvo_python
 
 #endif

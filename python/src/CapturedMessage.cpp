@@ -1,9 +1,11 @@
-#include "MessageCapture.h"
+#include "CapturedMessage.h"
 
 #include <cstdlib>
 
 #include "ComMsgMgr.h"
 #include "ComMsgMgrInstance.h"
+
+namespace tarvo_python {
 
 MessagePlace::MessagePlace(ComMsgMgrInstance const& message) {
   for (auto const& meta : message.getMetaTypes()) {
@@ -18,13 +20,4 @@ CapturedMessage CapturedMessage::of(ComMsgMgrInstance const& message) {
           MessagePlace(message)};
 }
 
-MessageCapture::MessageCapture() {
-  m_sink = ComMsgMgr::addSink(
-      [this](ComMsgMgrInstance const& message) { m_messages.push_back(CapturedMessage::of(message)); });
-  ComMsgMgr::setDefaultSinkEnabled(false);
-}
-
-MessageCapture::~MessageCapture() {
-  ComMsgMgr::removeSink(m_sink);
-  ComMsgMgr::setDefaultSinkEnabled(true);
-}
+}  // namespace tarvo_python
