@@ -93,6 +93,58 @@ TEST(ConstraintCoreTest, HandedOutTextsFollowTheCell) {
   EXPECT_FALSE(copy.isSet());
 }
 
+// A cell keeps the last string and the last list it was given apart from its number, as a
+// HATAttr does: a set of another kind converts what the getters read but leaves them, and
+// copies and resets take or drop them with the number.
+TEST(ConstraintCoreTest, CellsConvertBetweenKindsAsAValueCell) {
+  DefaultedAttr list(HATAttr::STRING_LIST);
+  list.setStringList({"a", "b"});
+  list.setInt(3);
+  EXPECT_EQ(HATAttr::INT, list.getKind());
+  EXPECT_EQ("3", list.toString());
+  EXPECT_EQ((std::vector<std::string>{"a", "b"}), list.getStringList());
+  EXPECT_TRUE(list.isSet());
+  list.setStringList({});
+  EXPECT_TRUE(list.getStringList().empty());
+  EXPECT_FALSE(list.isSet());
+
+  DefaultedAttr text(HATAttr::STRING);
+  text.setString("x");
+  text.setStringList({"p", "q"});
+  EXPECT_EQ("p q", text.getString());
+  text.setBool(true);
+  EXPECT_EQ("true", text.getString());
+  EXPECT_EQ(1, text.getInt());
+  text.setString("");
+  EXPECT_EQ("", text.getString());
+  EXPECT_FALSE(text.isSet());
+
+  DefaultedAttr number(HATAttr::INT);
+  number.setString("2.5");
+  EXPECT_EQ(2.5, number.getDouble());
+  EXPECT_EQ(2, number.getInt());
+  number.setDouble(2.5);
+  EXPECT_EQ("2.5", number.toString());
+  number.setBool(true);
+  EXPECT_EQ(1.0, number.getDouble());
+  DefaultedAttr const copy(number);
+  number.reset();
+  EXPECT_EQ("true", copy.toString());
+  EXPECT_TRUE(copy.isSet());
+  EXPECT_EQ("-1", number.toString());
+  EXPECT_FALSE(number.isSet());
+
+  DefaultedAttr flag(HATAttr::BOOL);
+  flag.setString("1");
+  EXPECT_TRUE(flag.isSet());
+  flag.setString("yes");
+  EXPECT_FALSE(flag.isSet());
+  DefaultedAttr fraction(HATAttr::DOUBLE);
+  fraction.setInt(-1);
+  EXPECT_FALSE(fraction.isSet());
+  EXPECT_EQ("-1", fraction.toString());
+}
+
 TEST(ConstraintCoreTest, TypeTextsAndTheAttrConstructorGuard) {
   EXPECT_EQ("kpe.independent_packet_switched_routing_roup",
             BaseConstraint::getConstrNameFromType(BaseConstraint::DEPENDENT_ROUTING_GROUP));

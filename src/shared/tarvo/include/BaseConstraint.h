@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "HCRapidJsonReadWriteUtils.h"
@@ -103,7 +104,7 @@ class BaseConstraint {
   virtual void copySrcInfoFrom(BaseConstraint const* other);
 
   ConstrType getType() const { return m_type; }
-  std::string const& getConstrName() const { return m_constrName; }
+  std::string const& getConstrName() const { return *m_constrName; }
   // The objName field itself, without the copy of getObjName: what getObjName returns for
   // every kind but the groups, which replace it.
   std::string const& objNameField() const { return m_objName; }
@@ -127,7 +128,10 @@ class BaseConstraint {
 
  private:
   ConstrType m_type;
-  std::string m_constrName;
+  // The type's own attribute name, shared by every constraint of the type; a constraint made
+  // with another name (an attribute's) points at its own copy.
+  std::string const* m_constrName;
+  std::unique_ptr<std::string const> m_ownConstrName;
   ObjectType m_objType;
   std::string m_objName;
   SrcInfo m_srcInfo;

@@ -1,6 +1,7 @@
 #ifndef TARVO_DEFAULTEDATTR_H
 #define TARVO_DEFAULTEDATTR_H
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <variant>
@@ -14,14 +15,15 @@ namespace constraints {
 // A value cell with a default of its own kind: -1 for integers, -1.0 for doubles, false,
 // the empty string, the empty list. A cell is "set" exactly when its value differs from the
 // default, however it got there: writing the default, or arithmetic that lands on it, makes
-// the cell unset again. The flag lives in the HATAttr state (STATE_DEFAULT).
+// the cell unset again. A set of another kind converts the cell as a HATAttr would.
 //
-// A store holds hundreds of thousands of cells, most of them numbers, so a cell keeps no more
-// than its HATAttr and its own kind inline: the default is known from the kind, and the string
-// or list that a string or list cell hands out by reference lives apart, made when the cell
-// first holds a value; until then a read hands out a shared empty one. Once made it stays,
-// so a reference handed out after that follows later sets as a member would. Reads never
-// make it, so that const reads from several threads stay safe.
+// A store holds hundreds of thousands of cells, most of them numbers, so a cell keeps only
+// its kinds, its number and a pointer inline (24 bytes): the default is known from the kind,
+// and the texts of a cell that held a string or a list live apart, made when one is first
+// set. The string or list that a string or list cell hands out by reference is made when
+// the cell first holds a value; until then a read hands out a shared empty one. Once made it
+// stays, so a reference handed out after that follows later sets as a member would. Reads
+// never make it, so that const reads from several threads stay safe.
 class DefaultedAttr {
  public:
   // Kinds used: BOOL, INT, DOUBLE, STRING, STRING_LIST.
@@ -30,19 +32,19 @@ class DefaultedAttr {
   DefaultedAttr& operator=(DefaultedAttr const& other);
   ~DefaultedAttr();
 
-  HATAttr::Kind getKind() const { return m_attr.getKind(); }
-  bool isSet() const { return !m_attr.hasStateFlag(HATAttr::STATE_DEFAULT); }
+  HATAttr::Kind getKind() const { return static_cast<HATAttr::Kind>(m_kind); }
+  bool isSet() const { return !m_default; }
   void reset();
 
-  bool getBool() const { return m_attr.getBoolVal(); }
-  int getInt() const { return m_attr.getIntVal(); }
-  double getDouble() const { return m_attr.getDoubleVal(); }
+  bool getBool() const { return held().getBoolVal(); }
+  int getInt() const { return held().getIntVal(); }
+  double getDouble() const { return held().getDoubleVal(); }
   // The string of a string cell, empty for cells of other kinds.
   std::string const& getString() const;
   // The list of a list cell, empty for cells of other kinds.
   std::vector<std::string> const& getStringList() const;
   // The value as text, whatever the kind.
-  std::string toString() const { return m_attr.getStringVal(); }
+  std::string toString() const { return held().getStringVal(); }
 
   void setBool(bool value);
   void setInt(int value);
@@ -51,22 +53,26 @@ class DefaultedAttr {
   void setStringList(std::vector<std::string> const& value);
 
  private:
-  // getStringVal of a string cell, or the list of a list cell, kept for reference reads.
-  typedef std::variant<std::string, std::vector<std::string>> Cache;
+  struct Texts;
 
-  // The default value of the cell's own kind.
-  static HATAttr const& defaultOf(HATAttr::Kind kind);
-  static Cache emptyCache(HATAttr::Kind ownKind);
-  // The cache of a string or list cell, made empty if there is none.
-  Cache& cache();
+  // The cell as a HATAttr of the kind it holds, for the conversions between kinds.
+  HATAttr held() const;
+  Texts& texts();
   void updateDefaultFlag();
-  void refreshCaches();
+  void refreshShown();
 
-  HATAttr m_attr;
-  // The kind the cell was made with; a set of another kind converts m_attr, not this.
-  HATAttr::Kind m_ownKind;
-  // Null for cells of other kinds than STRING and STRING_LIST, and until first set.
-  std::unique_ptr<Cache> m_cache;
+  // The number of a BOOL or INT (m_int) or DOUBLE (m_double) value.
+  union {
+    long long m_int;
+    double m_double;
+  };
+  // Null until the cell holds a non-empty string or list, or hands one out by reference.
+  std::unique_ptr<Texts> m_texts;
+  // The kind held now; a set of another kind changes it.
+  std::uint8_t m_kind;
+  // The kind the cell was made with, which fixes its default.
+  std::uint8_t m_ownKind;
+  bool m_default = true;
 };
 
 }  // namespace constraints

@@ -55,13 +55,18 @@ bool ConstrProperties::hasNonDefaultProps(std::string const& objectName,
 }
 
 BaseConstraint::BaseConstraint(ConstrType type)
-    : m_type(refuseAttr(type)), m_constrName(getConstrNameFromType(type)), m_objType(GLOBAL) {}
+    : m_type(refuseAttr(type)), m_constrName(&getConstrNameFromType(type)), m_objType(GLOBAL) {}
 
 BaseConstraint::BaseConstraint(ConstrType type, std::string const& name, ObjectType objType, std::string const& objName)
-    : m_type(type), m_constrName(name), m_objType(objType), m_objName(objName) {}
+    : m_type(type), m_constrName(&getConstrNameFromType(type)), m_objType(objType), m_objName(objName) {
+  if (name != *m_constrName) {
+    m_ownConstrName = std::make_unique<std::string const>(name);
+    m_constrName = m_ownConstrName.get();
+  }
+}
 
 BaseConstraint::BaseConstraint(ConstrType type, ObjectType objType, std::string const& objName)
-    : m_type(refuseAttr(type)), m_constrName(getConstrNameFromType(type)), m_objType(objType), m_objName(objName) {}
+    : m_type(refuseAttr(type)), m_constrName(&getConstrNameFromType(type)), m_objType(objType), m_objName(objName) {}
 
 BaseConstraint::~BaseConstraint() = default;
 
@@ -98,7 +103,7 @@ void BaseConstraint::writeSrcInfo(JsonDocument& document, JsonValue& value, std:
 }
 
 std::string BaseConstraint::str() const {
-  return " constraint(" + m_objName + ")=(" + m_constrName + ")";
+  return " constraint(" + m_objName + ")=(" + *m_constrName + ")";
 }
 
 void BaseConstraint::renamePorts(std::map<std::string, std::string> const& names) {

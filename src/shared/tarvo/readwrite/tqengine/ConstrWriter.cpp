@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <ostream>
+#include <vector>
 
 #include "BaseNameResolver.h"
 #include "ComMsgMgr.h"
@@ -49,6 +50,46 @@ class WriteScope {
 
  private:
   std::function<void()> m_reset;
+};
+
+// Builds each object's members in a reused scratch pool and copies the finished object into
+// the document. An object built member by member takes room for sixteen members, and every
+// outgrown array stays behind in its pool; the copy holds exactly its members, which makes
+// the document a fraction of the size, and the scratch pool is emptied for the next object.
+class CompactBuilder {
+ public:
+  CompactBuilder() : m_buffer(kScratchBytes), m_pool(m_buffer.data(), m_buffer.size()), m_scratch(&m_pool) {}
+  CompactBuilder(CompactBuilder const&) = delete;
+  CompactBuilder& operator=(CompactBuilder const&) = delete;
+
+  // The object that `fill(scratch, object)` adds members to, copied into `document`'s pool.
+  template <class Fill>
+  JsonValue build(JsonDocument& document, Fill const& fill) {
+    JsonValue compact;
+    {
+      JsonValue object(rapidjson::kObjectType);
+      fill(m_scratch, object);
+      compact = JsonValue(object, document.GetAllocator());
+    }
+    m_pool.Clear();
+    return compact;
+  }
+
+  // The members that `fill` adds, moved one by one onto `target`.
+  template <class Fill>
+  void addMembers(JsonValue& target, JsonDocument& document, Fill const& fill) {
+    JsonValue compact = build(document, fill);
+    for (auto& member : compact.GetObject())
+      target.AddMember(member.name, member.value, document.GetAllocator());
+  }
+
+ private:
+  // Room for the constraints of one object; a larger one takes chunks from the heap.
+  static std::size_t const kScratchBytes = 64 * 1024;
+
+  std::vector<char> m_buffer;
+  JsonDocument::AllocatorType m_pool;
+  JsonDocument m_scratch;
 };
 
 }  // namespace
@@ -164,12 +205,15 @@ void ConstrWriter::addObjectSection(char const* key, BaseConstraint::ObjectType 
   JsonDocument& document = getDocument();
   std::vector<std::string> names;
   JsonValue section(rapidjson::kObjectType);
+  CompactBuilder builder;
   switch (objType) {
     case BaseConstraint::NODE:
       m_store->getAllConstrainedNodes(names);
       break;
     case BaseConstraint::PORT:
-      m_store->getRecords().write(document, section);
+      builder.addMembers(section, document, [this](JsonDocument& scratch, JsonValue& object) {
+        m_store->getRecords().write(scratch, object);
+      });
       m_store->getAllConstrainedPorts(names);
       break;
     default:
@@ -185,10 +229,11 @@ void ConstrWriter::addObjectSection(char const* key, BaseConstraint::ObjectType 
     }
     ConstrHandler::ConstrList constraints;
     m_store->getConstrs(name, constraints);
-    JsonValue object(rapidjson::kObjectType);
-    for (BaseConstraint const* constraint : constraints) {
-      constraint->write(document, object, m_resolver);
-    }
+    JsonValue object = builder.build(document, [&](JsonDocument& scratch, JsonValue& members) {
+      for (BaseConstraint const* constraint : constraints) {
+        constraint->write(scratch, members, m_resolver);
+      }
+    });
     writesupport::addMember(section, documentName, object, document);
   }
   if (!section.ObjectEmpty()) {
@@ -202,8 +247,10 @@ void ConstrWriter::addGlobalSection() {
   ConstrHandler::ConstrList groups;
   m_store->getConstrs(BaseConstraint::GLOBAL, groups);
   JsonValue section(rapidjson::kObjectType);
+  CompactBuilder builder;
   for (BaseConstraint const* group : groups) {
-    group->write(document, section, m_resolver);
+    builder.addMembers(section, document,
+                       [&](JsonDocument& scratch, JsonValue& members) { group->write(scratch, members, m_resolver); });
   }
   if (!section.ObjectEmpty()) {
     writesupport::addMember(document, Keys::globalConstraints, section, document);
