@@ -342,8 +342,7 @@ class SolutionStage {
   void connectionName() {
     StagedNet& net = m_nets.back();
     if (++net.names % 4 != 0 || net.missing >= 0) return;
-    Link const* previous = net.linkCount > 0 ? m_links.back() : nullptr;
-    Link const* link = findLink(previous);
+    Link const* link = findLink();
     if (link == nullptr) {
       net.missing = static_cast<int>(m_missing.size());
       m_missing.push_back({m_quad[0], m_quad[1], m_quad[2], m_quad[3]});
@@ -353,11 +352,8 @@ class SolutionStage {
     ++net.linkCount;
   }
 
-  // The link between the ports that m_quad names. A route mostly goes on from where the last
-  // link ended, and then that component need not be looked up by name.
-  Link const* findLink(Link const* previous) const {
-    if (previous != nullptr && previous->getDstComponent()->getName() == m_quad[0])
-      return previous->getDstComponent()->getOutgoingLink(m_quad[1], m_quad[2], m_quad[3]);
+  // The link between the ports that m_quad names, through the NoC model's own look-up.
+  Link const* findLink() const {
     return m_noc ? m_noc->getLinkBetween(m_quad[0], m_quad[1], m_quad[2], m_quad[3]) : nullptr;
   }
 
