@@ -83,9 +83,15 @@ class Walker {
                                                           : nullptr;
       if (lintKeys && !isNamed && child == nullptr && occurrence == 0) {
         std::string const suggestion = TextSuggestion::closest(key, named, TextSuggestion::nameTolerance(key));
-        add(pointer, 0, true, kUnknownKey,
-            "key '" + key + "' is not one the schema names; it is passed through unchecked" +
-                (suggestion.empty() ? std::string() : "; did you mean '" + suggestion + "'?"));
+        // A constraint object's other keys are its attributes, which the reader keeps: only one
+        // that comes close to a constraint kind is likely a typo.
+        if (m_kind != "constraints")
+          add(pointer, 0, true, kUnknownKey,
+              "key '" + key + "' is not one the schema names; it is passed through unchecked" +
+                  (suggestion.empty() ? std::string() : "; did you mean '" + suggestion + "'?"));
+        else if (!suggestion.empty())
+          add(pointer, 0, true, kUnknownKey,
+              "key '" + key + "' names no constraint and is read as an attribute; did you mean '" + suggestion + "'?");
       }
       if (child == nullptr && additional != nullptr && additional->IsObject()) child = additional;
       walk(member.value, child, pointer);
