@@ -104,7 +104,7 @@ def test_objects_outlive_their_document(examples):
     nets = path.nets
     del document
     gc.collect()
-    # The path and its nets keep the specification, and the document that owns it, alive.
+    # The path and its nets keep the traffic specification, and the document that owns it, alive.
     assert path.source.name == "top/rp_video/dma/m_axi"
     assert [n.path.index for n in nets] == [1, 1, 1, 1]
     instance = tarvo.read(examples / "noc_traffic.json", kind="traffic").model.instances[3]

@@ -12,7 +12,7 @@ class TrafficSpec;
 // specification; the NoC placement constraints and the array compiler exchange share it.
 class TrafficInstanceLookup {
  public:
-  // The first of the specification's master, slave and array look-ups that knows `name`, or
+  // The first of the traffic specification's master, slave and array look-ups that knows `name`, or
   // null.
   static HrdIPToolCntr::TrafficLInst const* find(HrdIPToolCntr::TrafficSpec const& traffic, std::string const& name);
 };
