@@ -45,8 +45,12 @@ std::vector<std::string> diagnoseFile(std::string const& kind, std::string const
     });
   } else if (kind == "constraints") {
     report = reportOf([&path] {
-      kpe::constraints::ConstrHandler store;
-      kpe::constraints::ConstrReader(store).read(path, true);
+      // The store owns its constraints but frees them only in clear(), also after a failed read.
+      struct Store {
+        kpe::constraints::ConstrHandler handler;
+        ~Store() { handler.clear(); }
+      } store;
+      kpe::constraints::ConstrReader(store.handler).read(path, true);
     });
   } else if (kind == "logical-arch") {
     report = reportOf([&path] {
