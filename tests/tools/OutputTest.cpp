@@ -106,6 +106,16 @@ TEST(Output, NothingToWriteLeavesTheOutputAsItWasAndFails) {
   EXPECT_EQ(readFile(out), readFile(kMeta));
   EXPECT_EQ(runInProcess({"convert", dir.file("none.json"), "-o", "-"}).out, "");
 
+  // A compiler solution that places nothing writes nothing either.
+  writeFile(dir.file("unplaced.json"), R"({"Placement": []})");
+  std::vector<std::string> unplaced = {"convert", dir.file("unplaced.json"), "-o", out};
+  unplaced.insert(unplaced.end(), std::begin(kDesign), std::end(kDesign));
+  ToolRun const nothingPlaced = runInProcess(unplaced);
+  EXPECT_EQ(nothingPlaced.exitCode, 1);
+  EXPECT_EQ(nothingPlaced.err, "ERROR: there is nothing to write: the writer wrote nothing for '" +
+                                   dir.file("unplaced.json") + "'; '" + out + "' is left as it was.\n");
+  EXPECT_EQ(readFile(out), readFile(kMeta));
+
   // shim-constraints writes nothing for an instance without a placed channel 0: an answer
   // that leaves an existing OUT alone.
   std::vector<std::string> shim = {"shim-constraints", kExamples + "compiler_solution.json"};
