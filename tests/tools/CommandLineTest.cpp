@@ -21,8 +21,8 @@ using tarvo_test::TempDir;
 using tarvo_test::ToolRun;
 using tarvo_test::writeFile;
 
-std::string const kExamples = std::string(TARVO_SOURCE_DIR) + "/examples/";
-std::string const kMeta = kExamples + "project_meta.json";
+using tarvo_test::kExamples;
+using tarvo_test::kMeta;
 
 std::string gzip(std::string const& text) {
   std::ostringstream packed;

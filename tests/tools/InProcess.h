@@ -11,6 +11,10 @@
 
 namespace tarvo_test {
 
+// The sample documents of the repository, which the program's tests read.
+inline std::string const kExamples = std::string(TARVO_SOURCE_DIR) + "/examples/";
+inline std::string const kMeta = kExamples + "project_meta.json";
+
 // Runs tarvo-docs in this process with `input` as its standard input.
 inline ToolRun runInProcess(std::vector<std::string> const& args, std::string const& input = std::string()) {
   std::ostringstream out;
