@@ -1,7 +1,6 @@
 #include "NOCJsonSolutionReader.h"
 
 #include <array>
-#include <climits>
 #include <cstdint>
 #include <cstring>
 #include <istream>
@@ -13,6 +12,7 @@
 #include "HCRapidJsonReadWriteUtils.h"
 #include "HIPLogicalObjectNameResolverInterface.h"
 #include "JsonEventFrame.h"
+#include "JsonNumber.h"
 #include "NOCJsonEnumTexts.h"
 #include "NOCJsonReadWriteUtils.h"
 #include "NOCSolutionDocumentKeys.h"
@@ -44,26 +44,7 @@ namespace {
 // links a route names are looked up in the device as they come, which touches nothing but
 // keeps the millions of names of a large solution out of memory.
 
-// One number as the parser gave it, read by the rules of a document tree: an Integer fits 32
-// bits signed, an Unsigned long 64 bits unsigned.
-struct Number {
-  enum Kind { None, Signed, Unsigned, Real };
-  Kind kind = None;
-  std::int64_t signedValue = 0;
-  std::uint64_t unsignedValue = 0;
-  double real = 0.0;
-
-  int integer() const {
-    if (kind == Signed && signedValue >= INT_MIN && signedValue <= INT_MAX) return static_cast<int>(signedValue);
-    if (kind == Unsigned && unsignedValue <= static_cast<std::uint64_t>(INT_MAX))
-      return static_cast<int>(unsignedValue);
-    // A number written with a fraction within range reads as its integer part.
-    if (kind == Real && real > -2147483649.0 && real < 2147483648.0) return static_cast<int>(real);
-    return 0;
-  }
-  bool isULong() const { return kind == Unsigned || (kind == Signed && signedValue >= 0); }
-  std::uint64_t ulong() const { return kind == Unsigned ? unsignedValue : static_cast<std::uint64_t>(signedValue); }
-};
+typedef tarvo::jsonio::JsonNumber Number;
 
 // What a net names: its type and figures, and the links of its route found in the device.
 struct StagedNet {
