@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <deque>
 #include <istream>
 #include <string_view>
 #include <utility>
@@ -432,8 +433,8 @@ class TrafficStage {
   void EndArray(rapidjson::SizeType) { close(); }
 
   TextInterner m_texts;
-  std::vector<StagedInstance> m_instances;
-  std::vector<StagedPath> m_paths;
+  std::deque<StagedInstance> m_instances;
+  std::deque<StagedPath> m_paths;
   std::vector<std::pair<std::uint8_t, std::uint8_t>> m_destIdIdx;
   std::vector<StagedPhaseGroup> m_groups;
   std::vector<StagedPhase> m_phases;
