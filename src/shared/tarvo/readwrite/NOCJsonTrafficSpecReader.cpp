@@ -803,22 +803,24 @@ class TrafficStage {
 class TrafficCommit {
  public:
   TrafficCommit(std::string const& fileName, HIPLogicalObjectNameResolverInterface& resolver, TrafficSpec& spec,
-                TrafficStage const& stage)
+                TrafficStage& stage)
       : m_fileName(fileName),
         m_resolver(resolver),
         m_spec(spec),
         m_stage(stage),
         m_instanceOfText(stage.m_texts.size(), kNoInstance) {}
 
+  // Each staged instance and path is let go once it is in the traffic specification, so that
+  // the specification grows into the memory the stage gives back.
   void readInstances() {
     m_instances.reserve(m_stage.m_instances.size());
-    for (StagedInstance const& instance : m_stage.m_instances)
-      readInstance(instance);
+    for (; !m_stage.m_instances.empty(); m_stage.m_instances.pop_front())
+      readInstance(m_stage.m_instances.front());
   }
 
   void readPaths() {
-    for (StagedPath const& path : m_stage.m_paths)
-      readPath(path);
+    for (; !m_stage.m_paths.empty(); m_stage.m_paths.pop_front())
+      readPath(m_stage.m_paths.front());
   }
 
   void readSystemProperties();
@@ -850,7 +852,7 @@ class TrafficCommit {
   std::string const& m_fileName;
   HIPLogicalObjectNameResolverInterface& m_resolver;
   TrafficSpec& m_spec;
-  TrafficStage const& m_stage;
+  TrafficStage& m_stage;
   std::vector<DocumentInstance> m_instances;
   // By the number of a document name, the last instance of that name, so that paths ask
   // neither the resolver nor the traffic specification again.
