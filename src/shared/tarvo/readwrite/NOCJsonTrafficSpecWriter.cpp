@@ -1,11 +1,16 @@
 #include "NOCJsonTrafficSpecWriter.h"
 
+#include <cstdint>
+#include <map>
+#include <memory>
 #include <ostream>
+#include <type_traits>
 
-#include "HCRapidJsonReadWriteUtils.h"
+#include "ComMsgMgr.h"
 #include "HIPLogicalObjectNameResolverInterface.h"
 #include "HPAParamMgr.h"
 #include "JsonDocumentFrame.h"
+#include "JsonEventFrame.h"
 #include "NOCJsonEnumTexts.h"
 #include "NOCJsonReadWriteUtils.h"
 #include "NOCTrafficDocumentKeys.h"
@@ -17,10 +22,7 @@ using HrdIPToolCntr::TrafficLInst;
 using HrdIPToolCntr::TrafficPath;
 using HrdIPToolCntr::TrafficSpec;
 
-typedef HCRapidJsonReadWriteUtils Json;
-typedef JsonDocumentFrame::Value Value;
 typedef NOCTrafficDocumentKeys Keys;
-typedef JsonDocumentFrame::Document::AllocatorType Allocator;
 
 namespace NOC {
 
@@ -52,200 +54,236 @@ std::size_t portIndexOf(std::string const& portText) {
   return index;
 }
 
-// One writing of one document.
-class TrafficDocumentWriter {
+// One writing of one document, sent as events as the specification is walked: a document tree
+// of a large specification costs more to build than to write, and holds several times the text.
+// The resolver is asked in the order a tree was once built in.
+template <typename Emitter>
+class TrafficDocumentEvents {
  public:
-  TrafficDocumentWriter(TrafficSpec const& spec, NOCJsonTrafficSpecWriter::InstanceFilter const& filter,
-                        HIPLogicalObjectNameResolverInterface& resolver, Allocator& alloc)
-      : m_spec(spec),
+  TrafficDocumentEvents(Emitter& emit, TrafficSpec const& spec, NOCJsonTrafficSpecWriter::InstanceFilter const& filter,
+                        HIPLogicalObjectNameResolverInterface& resolver)
+      : m_emit(emit),
+        m_spec(spec),
         m_filter(filter),
         m_resolver(resolver),
-        m_alloc(alloc),
         m_blockModel(HPAParamMgr::getParamMgr().getValueAsBool("project.enableBlockModel")) {}
 
-  void buildDocument(Value& root);
+  void document() {
+    m_emit.startObject();
+    if (hasSystemProperties()) {
+      m_emit.key(Keys::systemProperties);
+      systemProperties();
+    }
+    m_emit.key(Keys::logicalInstances);
+    logicalInstances();
+    m_emit.key(Keys::paths);
+    paths();
+    m_emit.endObject();
+  }
 
  private:
   // Whether "SystemProperties" has anything to hold.
   bool hasSystemProperties() const;
-  Value systemProperties();
-  Value logicalInstances();
-  Value paths();
+  void systemProperties();
+  void logicalInstances();
+  void paths();
   struct ExternalNames {
     std::string joined;
     std::string first;
   };
 
-  Value instanceObject(TrafficLInst const& instance);
-  void addTrafficKeys(TrafficLInst const& instance, Value& object);
-  void addSysAddresses(TrafficLInst const& instance, Value& object);
-  void addRemaps(TrafficLInst const& instance, Value& object);
-  void addParams(std::string const& key, std::map<std::string, std::string> const& params, Value& object);
-  bool addPathObject(TrafficPath const& path, Value& paths);
-  void addPathKeys(TrafficPath const& path, Value& object);
-  Value phaseGroups(TrafficPath const& path);
+  void instanceObject(TrafficLInst const& instance);
+  void trafficKeys(TrafficLInst const& instance);
+  void sysAddresses(TrafficLInst const& instance);
+  void remaps(TrafficLInst const& instance);
+  void params(std::string const& key, std::map<std::string, std::string> const& params);
+  void pathObject(TrafficPath const& path);
+  void pathKeys(TrafficPath const& path);
+  void phaseGroups(TrafficPath const& path);
   ExternalNames externalNames(TrafficLInst const& instance);
   // The document name of a path end; empty when it has none, which drops the path.
   std::string pathEndName(TrafficLInst const& instance, std::size_t portIndex);
   static std::string const& commType(TrafficPath const& path);
-  // Appends a built array or object by moving it, which leaves `value` null. Keys come from the
-  // key table, which outlives the document, and are not copied.
-  void addMember(Value& object, std::string const& key, Value& value) {
-    object.AddMember(Value(rapidjson::StringRef(key.data(), static_cast<rapidjson::SizeType>(key.size()))), value,
-                     m_alloc);
+
+  void member(std::string const& key, std::string const& text) {
+    m_emit.key(key);
+    m_emit.string(text);
+  }
+  void member(std::string const& key, char const* text) {
+    m_emit.key(key);
+    m_emit.string(text);
+  }
+  void member(std::string const& key, bool value) {
+    m_emit.key(key);
+    m_emit.boolean(value);
+  }
+  void integerMember(std::string const& key, std::int64_t value) {
+    m_emit.key(key);
+    m_emit.int64(value);
+  }
+  void unsignedMember(std::string const& key, std::uint64_t value) {
+    m_emit.key(key);
+    m_emit.uint64(value);
   }
 
+  Emitter& m_emit;
   TrafficSpec const& m_spec;
   NOCJsonTrafficSpecWriter::InstanceFilter const& m_filter;
   HIPLogicalObjectNameResolverInterface& m_resolver;
-  Allocator& m_alloc;
   // A block-level memory controller resolves a path end to the port's own connection.
   bool const m_blockModel;
 };
 
-void TrafficDocumentWriter::buildDocument(Value& root) {
-  if (hasSystemProperties()) {
-    Value properties = systemProperties();
-    addMember(root, Keys::systemProperties, properties);
-  }
-  Value instances = logicalInstances();
-  addMember(root, Keys::logicalInstances, instances);
-  Value paths = this->paths();
-  addMember(root, Keys::paths, paths);
-}
-
-bool TrafficDocumentWriter::hasSystemProperties() const {
+template <typename Emitter>
+bool TrafficDocumentEvents<Emitter>::hasSystemProperties() const {
   return m_spec.isUserSetFrequency() || !m_spec.getRcfPaths().empty() || m_spec.getSecureMode() ||
          m_spec.hasValidDeviceName();
 }
 
-Value TrafficDocumentWriter::systemProperties() {
-  Value properties(rapidjson::kObjectType);
-  if (m_spec.isUserSetFrequency()) Json::AddIntegrProperty(properties, Keys::frequency, m_spec.getFrequency(), m_alloc);
-  if (!m_spec.getRcfPaths().empty() && !m_resolver.suppressRcfPaths(std::string()))
-    Json::AddStringArrayProperty(properties, Keys::rcfPaths, m_spec.getRcfPaths(), m_alloc);
-  if (m_spec.getSecureMode()) Json::AddBooleanProperty(properties, Keys::secureMode, true, m_alloc);
-  if (m_spec.hasValidDeviceName())
-    Json::AddStringProperty(properties, Keys::deviceName, m_spec.getDeviceName(), m_alloc);
-  return properties;
-}
-
-Value TrafficDocumentWriter::logicalInstances() {
-  Value instances(rapidjson::kArrayType);
-  for (TrafficLInst const* instance : m_spec.getAllLogicalInstance()) {
-    if (m_filter(instance)) instances.PushBack(instanceObject(*instance), m_alloc);
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::systemProperties() {
+  m_emit.startObject();
+  if (m_spec.isUserSetFrequency()) integerMember(Keys::frequency, m_spec.getFrequency());
+  if (!m_spec.getRcfPaths().empty() && !m_resolver.suppressRcfPaths(std::string())) {
+    m_emit.key(Keys::rcfPaths);
+    m_emit.startArray();
+    for (std::string const& path : m_spec.getRcfPaths())
+      m_emit.string(path);
+    m_emit.endArray();
   }
-  return instances;
+  if (m_spec.getSecureMode()) member(Keys::secureMode, true);
+  if (m_spec.hasValidDeviceName()) member(Keys::deviceName, m_spec.getDeviceName());
+  m_emit.endObject();
 }
 
-Value TrafficDocumentWriter::paths() {
-  Value paths(rapidjson::kArrayType);
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::logicalInstances() {
+  m_emit.startArray();
+  for (TrafficLInst const* instance : m_spec.getAllLogicalInstance()) {
+    if (m_filter(instance)) instanceObject(*instance);
+  }
+  m_emit.endArray();
+}
+
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::paths() {
+  m_emit.startArray();
   for (int i = 0; i < m_spec.getNumPaths(); ++i) {
     TrafficPath const& path = *m_spec.getPath(i);
     bool const masterAccepted = m_filter(path.getMaster());
     bool const slaveAccepted = m_filter(path.getSlave());
-    if (masterAccepted && slaveAccepted) addPathObject(path, paths);
+    if (masterAccepted && slaveAccepted) pathObject(path);
   }
-  return paths;
+  m_emit.endArray();
 }
 
-Value TrafficDocumentWriter::instanceObject(TrafficLInst const& instance) {
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::instanceObject(TrafficLInst const& instance) {
   std::string const& name = instance.getName();
   std::string const baseName =
       instance.isErrorSlave() ? m_resolver.fromNetlistName(name) : m_resolver.fromNetlistInstance(name);
   bool const nameMissing = !m_resolver.isNameInDesign(name);
   ExternalNames const external = externalNames(instance);
 
-  Value object(rapidjson::kObjectType);
-  Json::AddStringProperty(object, Keys::name, nameMissing ? external.first : baseName, m_alloc);
-  if (!instance.getDesignName().empty())
-    Json::AddStringProperty(object, Keys::designName, instance.getDesignName(), m_alloc);
-  Json::AddBooleanProperty(object, Keys::isMaster, instance.isMaster(), m_alloc);
-  if (instance.getUseDestIdIdx()) Json::AddBooleanProperty(object, Keys::useDestIdIdx, true, m_alloc);
-  if (instance.hasParityAddr()) Json::AddBooleanProperty(object, Keys::hasParityAddr, true, m_alloc);
-  if (instance.hasParityData()) Json::AddBooleanProperty(object, Keys::hasParityData, true, m_alloc);
-  Json::AddStringProperty(object, Keys::compType, compTypeToText(instance.getCompType()), m_alloc);
-  if (instance.firewall) Json::AddBooleanProperty(object, Keys::firewall, true, m_alloc);
-  Json::AddStringProperty(object, Keys::protocol, axiProtToText(instance.getProtocol()), m_alloc);
-  addTrafficKeys(instance, object);
-  addSysAddresses(instance, object);
-  if (instance.isMaster()) addRemaps(instance, object);
-  addParams(Keys::memoryParams, instance.getMemoryParams(), object);
-  addParams(Keys::configParams, instance.getConfigParams(), object);
-  if (instance.isVirtual() || nameMissing) Json::AddBooleanProperty(object, Keys::isVirtual, true, m_alloc);
+  m_emit.startObject();
+  member(Keys::name, nameMissing ? external.first : baseName);
+  if (!instance.getDesignName().empty()) member(Keys::designName, instance.getDesignName());
+  member(Keys::isMaster, instance.isMaster());
+  if (instance.getUseDestIdIdx()) member(Keys::useDestIdIdx, true);
+  if (instance.hasParityAddr()) member(Keys::hasParityAddr, true);
+  if (instance.hasParityData()) member(Keys::hasParityData, true);
+  member(Keys::compType, compTypeToText(instance.getCompType()));
+  if (instance.firewall) member(Keys::firewall, true);
+  member(Keys::protocol, axiProtToText(instance.getProtocol()));
+  trafficKeys(instance);
+  sysAddresses(instance);
+  if (instance.isMaster()) remaps(instance);
+  params(Keys::memoryParams, instance.getMemoryParams());
+  params(Keys::configParams, instance.getConfigParams());
+  if (instance.isVirtual() || nameMissing) member(Keys::isVirtual, true);
   if (!instance.ipName.empty()) {
-    Value simMetaData(rapidjson::kObjectType);
-    Json::AddStringProperty(simMetaData, Keys::ipName, instance.ipName, m_alloc);
-    addMember(object, Keys::simMetaData, simMetaData);
+    m_emit.key(Keys::simMetaData);
+    m_emit.startObject();
+    member(Keys::ipName, instance.ipName);
+    m_emit.endObject();
   }
-  if (instance.isExistDestId()) Json::AddIntegrProperty(object, Keys::destId, instance.getDestId().getValue(), m_alloc);
-  if (!external.joined.empty()) Json::AddStringProperty(object, Keys::externalConn, external.joined, m_alloc);
-  return object;
+  if (instance.isExistDestId()) integerMember(Keys::destId, instance.getDestId().getValue());
+  if (!external.joined.empty()) member(Keys::externalConn, external.joined);
+  m_emit.endObject();
 }
 
 // From "ReadTC" to "InterleaveSel": the keys between "Protocol" and "SysAddresses".
-void TrafficDocumentWriter::addTrafficKeys(TrafficLInst const& instance, Value& object) {
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::trafficKeys(TrafficLInst const& instance) {
   if (instance.isMaster()) {
-    Json::AddStringProperty(object, Keys::readTC, trafficClassToText(instance.getReadTC()), m_alloc);
-    Json::AddStringProperty(object, Keys::writeTC, trafficClassToText(instance.getWriteTC()), m_alloc);
+    member(Keys::readTC, trafficClassToText(instance.getReadTC()));
+    member(Keys::writeTC, trafficClassToText(instance.getWriteTC()));
   }
   if (!instance.getPortTypes().empty()) {
-    std::vector<std::string> ports;
+    m_emit.key(Keys::ports);
+    m_emit.startArray();
     for (PORT_TYPE port : instance.getPortTypes())
-      ports.push_back(portTypeToText(port));
-    Json::AddStringArrayProperty(object, Keys::ports, ports, m_alloc);
+      m_emit.string(portTypeToText(port));
+    m_emit.endArray();
   }
-  if (instance.getAxiWidth() != 0)
-    Json::AddIntegrProperty(object, Keys::axiDataWidth, static_cast<int>(instance.getAxiWidth()), m_alloc);
-  if (instance.getNumReadOutstanding() != 0)
-    Json::AddIntegrProperty(object, Keys::numReadOutstanding, instance.getNumReadOutstanding(), m_alloc);
+  if (instance.getAxiWidth() != 0) integerMember(Keys::axiDataWidth, static_cast<int>(instance.getAxiWidth()));
+  if (instance.getNumReadOutstanding() != 0) integerMember(Keys::numReadOutstanding, instance.getNumReadOutstanding());
   if (instance.getNumWriteOutstanding() != 0)
-    Json::AddIntegrProperty(object, Keys::numWriteOutstanding, instance.getNumWriteOutstanding(), m_alloc);
-  if (instance.getReadRateLimiter() != 0.0f)
-    Json::AddDoubleProperty(object, Keys::readRateLimiter, instance.getReadRateLimiter(), m_alloc);
-  if (instance.getWriteRateLimiter() != 0.0f)
-    Json::AddDoubleProperty(object, Keys::writeRateLimiter, instance.getWriteRateLimiter(), m_alloc);
+    integerMember(Keys::numWriteOutstanding, instance.getNumWriteOutstanding());
+  if (instance.getReadRateLimiter() != 0.0f) {
+    m_emit.key(Keys::readRateLimiter);
+    m_emit.real(instance.getReadRateLimiter());
+  }
+  if (instance.getWriteRateLimiter() != 0.0f) {
+    m_emit.key(Keys::writeRateLimiter);
+    m_emit.real(instance.getWriteRateLimiter());
+  }
   if (instance.getDdrInterleaveSize() != 0)
-    Json::AddIntegrProperty(object, Keys::interleaveSize, static_cast<int>(instance.getDdrInterleaveSize()), m_alloc);
-  if (instance.getDdrInterleaveSel() != 0)
-    Json::AddIntegrProperty(object, Keys::interleaveSel, instance.getDdrInterleaveSel(), m_alloc);
+    integerMember(Keys::interleaveSize, static_cast<int>(instance.getDdrInterleaveSize()));
+  if (instance.getDdrInterleaveSel() != 0) integerMember(Keys::interleaveSel, instance.getDdrInterleaveSel());
 }
 
-void TrafficDocumentWriter::addSysAddresses(TrafficLInst const& instance, Value& object) {
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::sysAddresses(TrafficLInst const& instance) {
   if (!instance.hasValidSysAddress(0)) return;
-  Value addresses(rapidjson::kArrayType);
+  m_emit.key(Keys::sysAddresses);
+  m_emit.startArray();
   for (int i = 0; instance.hasValidSysAddress(i); ++i) {
-    Value address(rapidjson::kObjectType);
-    Json::AddStringProperty(address, Keys::base, hexText(instance.getSysAddress(i)), m_alloc);
-    Json::AddStringProperty(address, Keys::size, hexText(instance.getSysAddrSize(i)), m_alloc);
-    addresses.PushBack(address, m_alloc);
+    m_emit.startObject();
+    member(Keys::base, hexText(instance.getSysAddress(i)));
+    member(Keys::size, hexText(instance.getSysAddrSize(i)));
+    m_emit.endObject();
   }
-  addMember(object, Keys::sysAddresses, addresses);
+  m_emit.endArray();
 }
 
-void TrafficDocumentWriter::addRemaps(TrafficLInst const& instance, Value& object) {
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::remaps(TrafficLInst const& instance) {
   if (instance.getRemapAddrSpecs().empty()) return;
-  Value remaps(rapidjson::kArrayType);
+  m_emit.key(Keys::remap);
+  m_emit.startArray();
   for (auto const& remap : instance.getRemapAddrSpecs()) {
-    Value entry(rapidjson::kObjectType);
-    Json::AddStringProperty(entry, Keys::logical, hexText(remap.logical), m_alloc);
-    Json::AddStringProperty(entry, Keys::physical, hexText(remap.physical), m_alloc);
-    Json::AddStringProperty(entry, Keys::range, hexText(remap.range), m_alloc);
-    remaps.PushBack(entry, m_alloc);
+    m_emit.startObject();
+    member(Keys::logical, hexText(remap.logical));
+    member(Keys::physical, hexText(remap.physical));
+    member(Keys::range, hexText(remap.range));
+    m_emit.endObject();
   }
-  addMember(object, Keys::remap, remaps);
+  m_emit.endArray();
 }
 
-void TrafficDocumentWriter::addParams(std::string const& key, std::map<std::string, std::string> const& params,
-                                      Value& object) {
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::params(std::string const& key, std::map<std::string, std::string> const& params) {
   if (params.empty()) return;
-  Value values(rapidjson::kObjectType);
+  m_emit.key(key);
+  m_emit.startObject();
   for (auto const& param : params)
-    Json::AddStringProperty(values, param.first, param.second, m_alloc);
-  addMember(object, key, values);
+    member(param.first, param.second);
+  m_emit.endObject();
 }
 
-bool TrafficDocumentWriter::addPathObject(TrafficPath const& path, Value& paths) {
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::pathObject(TrafficPath const& path) {
   std::string const portText = portTypeToText(path.getSlavePort());
   std::size_t const portIndex = portIndexOf(portText);
   TrafficLInst const& master = *path.getMaster();
@@ -253,78 +291,79 @@ bool TrafficDocumentWriter::addPathObject(TrafficPath const& path, Value& paths)
   std::string const from = pathEndName(master, portIndex);
   std::string const to =
       slave.isErrorSlave() ? m_resolver.fromNetlistName(slave.getName()) : pathEndName(slave, portIndex);
-  if (from.empty() || to.empty()) return false;
+  if (from.empty() || to.empty()) return;
 
-  Value object(rapidjson::kObjectType);
-  Json::AddIntegrProperty(object, Keys::phase, path.phase, m_alloc);
-  Json::AddStringProperty(object, Keys::from, from, m_alloc);
-  Json::AddStringProperty(object, Keys::to, to, m_alloc);
-  Json::AddStringProperty(object, Keys::port, portText, m_alloc);
-  Json::AddStringProperty(object, Keys::commType, commType(path), m_alloc);
-  addPathKeys(path, object);
-  paths.PushBack(object, m_alloc);
-  return true;
+  m_emit.startObject();
+  integerMember(Keys::phase, path.phase);
+  member(Keys::from, from);
+  member(Keys::to, to);
+  member(Keys::port, portText);
+  member(Keys::commType, commType(path));
+  pathKeys(path);
+  m_emit.endObject();
 }
 
 // From "ReadBW" on.
-void TrafficDocumentWriter::addPathKeys(TrafficPath const& path, Value& object) {
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::pathKeys(TrafficPath const& path) {
   PerfSpec const read = path.getReadPerfSpec();
   PerfSpec const write = path.getWritePerfSpec();
-  Json::AddULongProperty(object, Keys::readBW, read.bandwidth, m_alloc);
-  Json::AddULongProperty(object, Keys::readLatency, read.latency, m_alloc);
-  Json::AddULongProperty(object, Keys::readAvgBurst, path.getReadAvgBurst(), m_alloc);
-  Json::AddULongProperty(object, Keys::writeBW, write.bandwidth, m_alloc);
-  Json::AddULongProperty(object, Keys::writeLatency, write.latency, m_alloc);
-  Json::AddULongProperty(object, Keys::writeAvgBurst, path.getWriteAvgBurst(), m_alloc);
-  if (path.getWoc() != WO_INVALID)
-    Json::AddStringProperty(object, Keys::writeOrder, writeOrderToText(path.getWoc()), m_alloc);
-  if (!path.getExclusiveGroup().empty())
-    Json::AddStringProperty(object, Keys::exclusiveGroup, path.getExclusiveGroup(), m_alloc);
-  if (!path.getSeparateRoutingGroup().empty())
-    Json::AddStringProperty(object, Keys::separateRoutingGroup, path.getSeparateRoutingGroup(), m_alloc);
-  if (path.isExistDestIdIndex())
-    Json::AddIntegrProperty(object, Keys::destIdIndex, path.getDestIdIndex().getValue(), m_alloc);
-  if (path.isInitialBoot()) Json::AddBooleanProperty(object, Keys::initialBoot, true, m_alloc);
+  unsignedMember(Keys::readBW, read.bandwidth);
+  unsignedMember(Keys::readLatency, read.latency);
+  unsignedMember(Keys::readAvgBurst, path.getReadAvgBurst());
+  unsignedMember(Keys::writeBW, write.bandwidth);
+  unsignedMember(Keys::writeLatency, write.latency);
+  unsignedMember(Keys::writeAvgBurst, path.getWriteAvgBurst());
+  if (path.getWoc() != WO_INVALID) member(Keys::writeOrder, writeOrderToText(path.getWoc()));
+  if (!path.getExclusiveGroup().empty()) member(Keys::exclusiveGroup, path.getExclusiveGroup());
+  if (!path.getSeparateRoutingGroup().empty()) member(Keys::separateRoutingGroup, path.getSeparateRoutingGroup());
+  if (path.isExistDestIdIndex()) integerMember(Keys::destIdIndex, path.getDestIdIndex().getValue());
+  if (path.isInitialBoot()) member(Keys::initialBoot, true);
   if (path.hasValidDestIdIdx(0)) {
-    Value ranges(rapidjson::kArrayType);
+    m_emit.key(Keys::destIdIdx);
+    m_emit.startArray();
     for (int i = 0; path.hasValidDestIdIdx(i); ++i) {
-      Value range(rapidjson::kObjectType);
-      Json::AddIntegrProperty(range, Keys::startIdx, path.getDestIdIdxStart(i), m_alloc);
-      Json::AddIntegrProperty(range, Keys::endIdx, path.getDestIdIdxEnd(i), m_alloc);
-      ranges.PushBack(range, m_alloc);
+      m_emit.startObject();
+      integerMember(Keys::startIdx, path.getDestIdIdxStart(i));
+      integerMember(Keys::endIdx, path.getDestIdIdxEnd(i));
+      m_emit.endObject();
     }
-    addMember(object, Keys::destIdIdx, ranges);
+    m_emit.endArray();
   }
-  if (path.getHighPriorityRouting()) Json::AddBooleanProperty(object, Keys::highPriorityRouting, true, m_alloc);
+  if (path.getHighPriorityRouting()) member(Keys::highPriorityRouting, true);
   if (path.hasMultipleReadPhases() || path.hasMultipleWritePhases()) {
-    Value groups = phaseGroups(path);
-    addMember(object, Keys::phaseGroups, groups);
+    m_emit.key(Keys::phaseGroups);
+    phaseGroups(path);
   }
 }
 
-Value TrafficDocumentWriter::phaseGroups(TrafficPath const& path) {
-  Value groups(rapidjson::kArrayType);
+template <typename Emitter>
+void TrafficDocumentEvents<Emitter>::phaseGroups(TrafficPath const& path) {
+  m_emit.startArray();
   for (std::string const& groupName : m_spec.getAllPhaseGroups()) {
-    Value phases(rapidjson::kArrayType);
+    m_emit.startObject();
+    member(Keys::name, groupName);
+    m_emit.key(Keys::phases);
+    m_emit.startArray();
     for (std::string const& phaseName : m_spec.getAllPhasesForPhaseGroup(groupName)) {
       if (phaseName == TrafficSpec::getDefaultPhaseName()) continue;
-      Value phase(rapidjson::kObjectType);
-      Json::AddStringProperty(phase, Keys::name, phaseName, m_alloc);
-      Json::AddULongProperty(phase, Keys::readBW, path.getReadPerfSpec(phaseName).bandwidth, m_alloc);
-      Json::AddULongProperty(phase, Keys::writeBW, path.getWritePerfSpec(phaseName).bandwidth, m_alloc);
-      Json::AddULongProperty(phase, Keys::readAvgBurst, path.getReadAvgBurst(phaseName), m_alloc);
-      Json::AddULongProperty(phase, Keys::writeAvgBurst, path.getWriteAvgBurst(phaseName), m_alloc);
-      phases.PushBack(phase, m_alloc);
+      m_emit.startObject();
+      member(Keys::name, phaseName);
+      unsignedMember(Keys::readBW, path.getReadPerfSpec(phaseName).bandwidth);
+      unsignedMember(Keys::writeBW, path.getWritePerfSpec(phaseName).bandwidth);
+      unsignedMember(Keys::readAvgBurst, path.getReadAvgBurst(phaseName));
+      unsignedMember(Keys::writeAvgBurst, path.getWriteAvgBurst(phaseName));
+      m_emit.endObject();
     }
-    Value group(rapidjson::kObjectType);
-    Json::AddStringProperty(group, Keys::name, groupName, m_alloc);
-    addMember(group, Keys::phases, phases);
-    groups.PushBack(group, m_alloc);
+    m_emit.endArray();
+    m_emit.endObject();
   }
-  return groups;
+  m_emit.endArray();
 }
 
-TrafficDocumentWriter::ExternalNames TrafficDocumentWriter::externalNames(TrafficLInst const& instance) {
+template <typename Emitter>
+typename TrafficDocumentEvents<Emitter>::ExternalNames TrafficDocumentEvents<Emitter>::externalNames(
+    TrafficLInst const& instance) {
   ExternalNames names;
   TrafficLInst::ExternalConns const& groups = instance.getExternalConnsForAllPorts();
   for (std::size_t index = 0; index < groups.size(); ++index) {
@@ -341,7 +380,8 @@ TrafficDocumentWriter::ExternalNames TrafficDocumentWriter::externalNames(Traffi
   return names;
 }
 
-std::string TrafficDocumentWriter::pathEndName(TrafficLInst const& instance, std::size_t portIndex) {
+template <typename Emitter>
+std::string TrafficDocumentEvents<Emitter>::pathEndName(TrafficLInst const& instance, std::size_t portIndex) {
   if (m_resolver.isNameInDesign(instance.getName())) return m_resolver.fromNetlistName(instance.getName());
   TrafficLInst::ExternalConns const& groups = instance.getExternalConnsForAllPorts();
   if (m_blockModel && portIndex < groups.size() && instance.getCompType() == DDRC) {
@@ -358,7 +398,8 @@ std::string TrafficDocumentWriter::pathEndName(TrafficLInst const& instance, std
   return m_resolver.fromNetlistName(instance.getName());
 }
 
-std::string const& TrafficDocumentWriter::commType(TrafficPath const& path) {
+template <typename Emitter>
+std::string const& TrafficDocumentEvents<Emitter>::commType(TrafficPath const& path) {
   if (path.getMaster()->getProtocol() != AXI_MM) return Keys::streamCommType;
   PerfSpec const read = path.getReadPerfSpec();
   PerfSpec const write = path.getWritePerfSpec();
@@ -378,10 +419,14 @@ NOCJsonTrafficSpecWriter::~NOCJsonTrafficSpecWriter() = default;
 bool NOCJsonTrafficSpecWriter::writeToJsonFile(std::ostream& out, TrafficSpec const& spec, InstanceFilter const& filter,
                                                HIPLogicalObjectNameResolverInterface& resolver, HDGUIStatus&) {
   if (spec.getAllLogicalInstance().empty() && spec.getUserSetFrequency() == 0 && !spec.hasRcfPaths()) return false;
-  JsonDocumentFrame::Document doc(rapidjson::kObjectType);
-  TrafficDocumentWriter writer(spec, filter, resolver, doc.GetAllocator());
-  writer.buildDocument(doc);
-  return JsonDocumentFrame::write(out, doc, NOCJsonReadWriteUtils::getTrafficJsonSchemaFile(), "NoC Traffic Spec");
+  std::unique_ptr<rapidjson::SchemaDocument> const schema =
+      JsonDocumentFrame::loadSchema(NOCJsonReadWriteUtils::getTrafficJsonSchemaFile());
+  if (JsonEventFrame::writeValidated(out, *schema, [&](auto& emitter) {
+        TrafficDocumentEvents<std::decay_t<decltype(emitter)>>(emitter, spec, filter, resolver).document();
+      }))
+    return true;
+  ComMsgMgr::sendMsg::eval(1, __FILE__, __LINE__, "tarvo", ComMsgMgr::MSG_ERROR, "@75-585@%s", "NoC Traffic Spec");
+  return false;
 }
 
 bool NOCJsonTrafficSpecWriter::writeToJsonFile(std::ostream& out, TrafficSpec const& spec, HDGUIStatus& status) {
