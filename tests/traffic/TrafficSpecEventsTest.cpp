@@ -6,28 +6,41 @@
 #include "HEXAll.h"
 #include "HIPLogicalObjectNameResolverInterface.h"
 #include "NOCJsonTrafficSpecReader.h"
+#include "NOCJsonTrafficSpecWriter.h"
 #include "TestSupport.h"
 #include "TrafficSpec.h"
 
 using namespace HrdIPToolCntr;
 using namespace DevHrdIP::Definitions;
 using NOC::NOCJsonTrafficSpecReader;
+using NOC::NOCJsonTrafficSpecWriter;
 using tarvo_test::messageOf;
 
 namespace {
 
-// Keeps every name it is asked to translate, in order, and translates each to itself.
+// Keeps every question it is asked, in order, and translates each name to itself; names
+// beginning with "gone" are not in the design.
 class RecordingResolver : public HIPLogicalObjectNameResolverInterfaceIdentity {
  public:
-  std::string toNetlistInstance(std::string const& name) override {
-    calls.push_back("instance " + name);
-    return name;
+  std::string toNetlistInstance(std::string const& name) override { return record("instance ", name); }
+  std::string toNetlistName(std::string const& name) override { return record("name ", name); }
+  std::string fromNetlistInstance(std::string const& name) override { return record("from instance ", name); }
+  std::string fromNetlistName(std::string const& name) override { return record("from name ", name); }
+  bool isNameInDesign(std::string const& name) override {
+    record("in design ", name);
+    return name.compare(0, 4, "gone") != 0;
   }
-  std::string toNetlistName(std::string const& name) override {
-    calls.push_back("name " + name);
-    return name;
+  bool suppressRcfPaths(std::string const&) override {
+    calls.push_back("rcf");
+    return false;
   }
   std::vector<std::string> calls;
+
+ private:
+  std::string const& record(char const* question, std::string const& name) {
+    calls.push_back(question + name);
+    return name;
+  }
 };
 
 // The failure of reading `text` ("no failure" when it reads), with the resolver's calls.
@@ -69,7 +82,7 @@ std::string path(std::string const& from, std::string const& to, std::string con
   return R"({"Phase": )" + phase + R"(, "From": ")" + from + R"(", "To": ")" + to + R"(", )" + kPathValues + more + "}";
 }
 
-TEST(TrafficSpecReaderStagingTest, OfEqualKeysTheFirstCountsButEveryParameterMemberDoes) {
+TEST(TrafficSpecEventsTest, OfEqualKeysTheFirstCountsButEveryParameterMemberDoes) {
   TrafficSpec spec;
   RecordingResolver resolver;
   ASSERT_EQ(failureOf(R"({"LogicalInstances": [
@@ -111,7 +124,7 @@ TEST(TrafficSpecReaderStagingTest, OfEqualKeysTheFirstCountsButEveryParameterMem
   EXPECT_EQ(spec.getPath(0)->getExclusiveGroup(), "e1");
 }
 
-TEST(TrafficSpecReaderStagingTest, NumbersReadAsTheGettersOfTheirKindReadThem) {
+TEST(TrafficSpecEventsTest, NumbersReadAsTheGettersOfTheirKindReadThem) {
   TrafficSpec spec;
   RecordingResolver resolver;
   ASSERT_EQ(
@@ -150,7 +163,7 @@ TEST(TrafficSpecReaderStagingTest, NumbersReadAsTheGettersOfTheirKindReadThem) {
             "8-101(t.json|DestId entry is expected to be a 12 bit maximum)");
 }
 
-TEST(TrafficSpecReaderStagingTest, WalkFailuresComeInstancesFirstWhereverTheyLieInTheText) {
+TEST(TrafficSpecEventsTest, WalkFailuresComeInstancesFirstWhereverTheyLieInTheText) {
   // The second instance's type fails before the first path, which the text puts first.
   EXPECT_EQ(failureOf(R"({"Paths": [)" + path("x", "s") + R"(], "LogicalInstances": [)" + master("m") + "," +
                       slave("s", "", "BOGUS") + "]}"),
@@ -183,7 +196,7 @@ TEST(TrafficSpecReaderStagingTest, WalkFailuresComeInstancesFirstWhereverTheyLie
   EXPECT_EQ(spec.getNumPaths(), 1);
 }
 
-TEST(TrafficSpecReaderStagingTest, ALateSyntaxOrSchemaFailureWinsAndNothingIsTouched) {
+TEST(TrafficSpecEventsTest, ALateSyntaxOrSchemaFailureWinsAndNothingIsTouched) {
   std::string const walkFailure = R"({"LogicalInstances": [)" + master("m", "", "BOGUS") + "," +
                                   slave("s", R"(, "ExternalConn": "a")") + R"(], "Paths": [)" + path("m", "s");
   TrafficSpec spec;
@@ -198,6 +211,29 @@ TEST(TrafficSpecReaderStagingTest, ALateSyntaxOrSchemaFailureWinsAndNothingIsTou
   EXPECT_TRUE(resolver.calls.empty());
   EXPECT_TRUE(messages.summary().empty());
   EXPECT_EQ(failureOf(walkFailure + "]}", spec, resolver), "8-101(t.json|Unknown component type : BOGUS)");
+}
+
+TEST(TrafficSpecEventsTest, WriterAsksTheResolverForEveryNameEvenAfterTheTextFailed) {
+  TrafficSpec spec;
+  spec.addRcfPath("rp/");
+  TrafficLInst* master = spec.addLogicalInstance("m", AXI_MM, PL_IGU, {});
+  master->setReadRateLimiter(-1.0f);  // refused by the schema
+  TrafficLInst* slave = spec.addLogicalInstance("gone_s", AXI_MM, PL_EGU, {{"gone_a", "b"}, {"c"}});
+  spec.addPath(master, slave)->setSlavePort(PORT0);
+
+  RecordingResolver resolver;
+  tarvo_test::MessageCapture messages;
+  HDGUIStatus status;
+  std::ostringstream out;
+  EXPECT_FALSE(NOCJsonTrafficSpecWriter::writeToJsonFile(
+      out, spec, [](TrafficLInst const*) { return true; }, resolver, status));
+  EXPECT_EQ(messages.summary(), std::vector<std::string>({"75-585(NoC Traffic Spec)"}));
+  EXPECT_EQ(out.str().substr(out.str().size() - 17), "\"ReadRateLimiter\"");
+  EXPECT_EQ(resolver.calls,
+            std::vector<std::string>({"rcf", "from instance m", "in design m", "from instance gone_s",
+                                      "in design gone_s", "in design gone_a", "in design b", "from name b",
+                                      "in design c", "from name c", "in design m", "from name m", "in design gone_s",
+                                      "in design gone_a", "in design b", "from name b"}));
 }
 
 }  // namespace
