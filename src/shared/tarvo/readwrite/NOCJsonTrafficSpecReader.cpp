@@ -89,7 +89,6 @@ constexpr std::uint32_t kEmptyText = 0;
 
 // Where an event lies: the kind of the innermost open object or array.
 enum class Place : std::uint8_t {
-  Top,
   Root,
   Instances,
   Instance,
@@ -345,7 +344,6 @@ struct StagedPhase {
 
 struct StagedPhaseGroup {
   std::string name;
-  bool hasPhases = false;
   std::uint32_t firstPhase = 0;  // into TrafficStage::m_phases
   std::uint32_t phaseCount = 0;
 };
@@ -373,8 +371,6 @@ struct StagedPath {
   bool initialBoot = false;
   bool stream = false;
   bool highPriorityRouting = false;
-  bool hasDestIdIdx = false;
-  bool hasPhaseGroups = false;
   std::uint32_t firstDestIdIdx = 0;  // into TrafficStage::m_destIdIdx
   std::uint32_t destIdIdxCount = 0;
   std::uint32_t firstGroup = 0;  // into TrafficStage::m_groups
@@ -519,21 +515,16 @@ class TrafficStage {
         break;
       case Place::Path:
         if (frame.key == PDestIdIdx) {
-          m_paths.back().hasDestIdIdx = true;
           m_paths.back().firstDestIdIdx = static_cast<std::uint32_t>(m_destIdIdx.size());
           return Place::DestIdIdxList;
         }
         if (frame.key == PPhaseGroups) {
-          m_paths.back().hasPhaseGroups = true;
           m_paths.back().firstGroup = static_cast<std::uint32_t>(m_groups.size());
           return Place::PhaseGroups;
         }
         break;
       case Place::PhaseGroup:
-        if (frame.key == GPhases) {
-          m_groups.back().hasPhases = true;
-          return Place::Phases;
-        }
+        if (frame.key == GPhases) return Place::Phases;
         break;
       case Place::SystemProperties:
         if (frame.key == SRcfPaths) return Place::RcfPaths;
