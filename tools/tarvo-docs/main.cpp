@@ -2,8 +2,10 @@
 
 #include <iostream>
 
+#include "HugePageHeap.h"
 #include "Tool.h"
 
 int main(int argc, char** argv) {
+  tarvo_docs::HugePageHeap::restartWithHugePages(argv);
   return tarvo_docs::runTool(std::vector<std::string>(argv + 1, argv + argc), std::cout, std::cerr);
 }
