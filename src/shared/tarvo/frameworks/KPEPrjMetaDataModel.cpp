@@ -314,8 +314,7 @@ std::string KPEPrjMetaDataModel::getStringProperty(std::string const& name) {
 std::vector<std::string> KPEPrjMetaDataModel::getStringArrayProperty(std::string const& name) {
   if (m_read) {
     auto const* list = findRead<MetaDataPropertyTable::List>(name);
-    return list != nullptr ? boost::any_cast<std::vector<std::string>>(m_read->toAny(*list))
-                           : std::vector<std::string>();
+    return list != nullptr ? MetaDataPropertyTable::strings(*list) : std::vector<std::string>();
   }
   auto const* value = find<std::vector<std::string>>(name);
   return value != nullptr ? *value : std::vector<std::string>();

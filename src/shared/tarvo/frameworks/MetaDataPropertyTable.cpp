@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <new>
-#include <string>
 
 namespace Tarvo {
 namespace Frameworks {
@@ -75,15 +74,17 @@ MetaDataPropertyTable::Property const* MetaDataPropertyTable::find(std::string_v
   return found != m_properties.end() && found->name.view() == name ? &*found : nullptr;
 }
 
+std::vector<std::string> MetaDataPropertyTable::strings(List list) {
+  std::vector<std::string> strings;
+  strings.reserve(list.size());
+  for (std::size_t i = 0; i < list.size(); ++i)
+    strings.emplace_back(list.items()[i].view());
+  return strings;
+}
+
 boost::any MetaDataPropertyTable::toAny(Value const& value) {
   if (Text const* text = std::get_if<Text>(&value)) return std::string(text->view());
-  if (List const* list = std::get_if<List>(&value)) {
-    std::vector<std::string> strings;
-    strings.reserve(list->size());
-    for (std::size_t i = 0; i < list->size(); ++i)
-      strings.emplace_back(list->items()[i].view());
-    return strings;
-  }
+  if (List const* list = std::get_if<List>(&value)) return strings(*list);
   return std::visit([](auto scalar) { return boost::any(scalar); }, value);
 }
 

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <deque>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
@@ -58,6 +59,7 @@ class MetaDataPropertyTable {
   // touches each part of it once.
   Property const* find(std::string_view name) const;
   std::deque<Property> const& properties() const { return m_properties; }
+  static std::vector<std::string> strings(List list);
   static boost::any toAny(Value const& value);
 
  private:
