@@ -45,6 +45,31 @@ TEST(TrafficSpecTest, FindsInstancesByRoleNameAndExternalConnection) {
   EXPECT_EQ(again->getId(), 4u);
 }
 
+TEST(TrafficSpecTest, ThousandsOfNamesKeepEachRoleApart) {
+  TrafficSpec spec;
+  std::vector<TrafficLInst*> masters;
+  for (int i = 0; i < 3000; ++i)
+    masters.push_back(
+        spec.addLogicalInstance("top/m" + std::to_string(i), AXI_MM, PL_IGU, {{"conn" + std::to_string(i % 1000)}}));
+  // A slave named as a master's external connection: the name plays both roles.
+  TrafficLInst* slave = spec.addLogicalInstance("conn7", AXI_MM, DDRC, {{"top/m5"}});
+  for (int i = 0; i < 3000; ++i) {
+    std::string const name = "top/m" + std::to_string(i);
+    ASSERT_EQ(spec.getLogicalMaster(name), masters[static_cast<std::size_t>(i)]) << name;
+    EXPECT_EQ(spec.getLogicalSlave(name), nullptr) << name;
+  }
+  // The first master that names a connection keeps it.
+  EXPECT_EQ(spec.getLogicalMasterUsingExternalConns("conn999"), masters[999]);
+  EXPECT_EQ(spec.getLogicalMasterUsingExternalConns("conn7"), masters[7]);
+  EXPECT_EQ(spec.getLogicalSlave("conn7"), slave);
+  EXPECT_EQ(spec.getLogicalMaster("conn7"), nullptr);
+  EXPECT_EQ(spec.getLogicalSlaveUsingExternalConns("top/m5"), slave);
+  EXPECT_EQ(spec.getLogicalMasterUsingExternalConns("top/m5"), nullptr);
+  EXPECT_EQ(spec.getLogicalMaster("top/m3000"), nullptr);
+  EXPECT_EQ(spec.getLogicalMaster(""), nullptr);
+  EXPECT_EQ(spec.getTQLogicalInst("top/m1"), nullptr);
+}
+
 TEST(TrafficSpecTest, PathsMakeNetsByProtocolAndGroupThemByEnds) {
   TrafficSpec spec;
   TrafficLInst* mm = spec.addLogicalInstance("mm", AXI_MM, PS_IGU_0, {});

@@ -157,7 +157,7 @@ ToolOptions checkedOptions(Command const& command, ParsedCommand const& parsed) 
   return options;
 }
 
-int runCommand(Command const& command, std::vector<std::string> const& args, ToolStreams streams) {
+int runCommand(Command const& command, std::vector<std::string> const& args, ToolStreams streams, LastDocument last) {
   ParsedCommand const parsed = parse(command, args);
   if (parsed.help) {
     printCommandHelp(command, streams.out);
@@ -171,7 +171,8 @@ int runCommand(Command const& command, std::vector<std::string> const& args, Too
   if (!command.onDocument) return command.run(run);
   DocumentKind const* kind = command.kind.empty() ? nullptr : findKind(command.kind);
   bool allPassed = true;
-  for (std::string const& input : inputsOf(run.files(), command.walksDirectories)) {
+  std::vector<std::string> const inputs = inputsOf(run.files(), command.walksDirectories);
+  for (std::string const& input : inputs) {
     ReadOutcome outcome = run.read(input, kind);
     bool passed = false;
     try {
@@ -182,6 +183,7 @@ int runCommand(Command const& command, std::vector<std::string> const& args, Too
       reportError(std::current_exception(), run.err());
     }
     allPassed = passed && allPassed;
+    if (last == LastDocument::LeaveToExit && &input == &inputs.back()) (void)outcome.document.release();
   }
   run.finish();
   return allPassed ? kExitSuccess : kExitFailed;
@@ -189,7 +191,7 @@ int runCommand(Command const& command, std::vector<std::string> const& args, Too
 
 }  // namespace
 
-int runTool(std::vector<std::string> const& args, std::ostream& out, std::ostream& err) {
+int runTool(std::vector<std::string> const& args, std::ostream& out, std::ostream& err, LastDocument last) {
   std::string const first = args.empty() ? std::string() : args.front();
   Command const* command = findCommand(first);
   try {
@@ -208,7 +210,7 @@ int runTool(std::vector<std::string> const& args, std::ostream& out, std::ostrea
     if (command == nullptr)
       throw UsageError(first[0] == '-' ? "unknown option " + first + "; options follow their command"
                                        : "unknown command '" + first + "'");
-    return runCommand(*command, args, ToolStreams{out, err, std::cin});
+    return runCommand(*command, args, ToolStreams{out, err, std::cin}, last);
   } catch (UsageError const& error) {
     err << "tarvo-docs: " << error.what();
     if (error.pointsToHelp()) err << " (see tarvo-docs " << (command ? command->name + " " : "") << "--help)";

@@ -12,6 +12,7 @@
 
 #include "DevHrdIPDefinitions.h"
 #include "TrafficLInst.h"
+#include "TrafficNameIndex.h"
 #include "TrafficNet.h"
 #include "TrafficPath.h"
 
@@ -41,10 +42,14 @@ class TrafficSpec {
   std::vector<TrafficLInst*> const& getAllLogicalInstance() const { return m_instanceList; }
 
   // Look-ups by name; null when there is no instance of that kind with the name.
-  TrafficLInst* getLogicalMaster(std::string const& name) { return find(m_masters, name); }
-  TrafficLInst* getLogicalSlave(std::string const& name) { return find(m_slaves, name); }
-  TrafficLInst const* getLogicalMaster(std::string const& name) const { return find(m_masters, name); }
-  TrafficLInst const* getLogicalSlave(std::string const& name) const { return find(m_slaves, name); }
+  TrafficLInst* getLogicalMaster(std::string const& name) { return m_names.find(name, TrafficNameIndex::Master); }
+  TrafficLInst* getLogicalSlave(std::string const& name) { return m_names.find(name, TrafficNameIndex::Slave); }
+  TrafficLInst const* getLogicalMaster(std::string const& name) const {
+    return m_names.find(name, TrafficNameIndex::Master);
+  }
+  TrafficLInst const* getLogicalSlave(std::string const& name) const {
+    return m_names.find(name, TrafficNameIndex::Slave);
+  }
   TrafficLInst const* hasLogicalMaster(std::string const& name) const { return getLogicalMaster(name); }
   TrafficLInst const* hasLogicalSlave(std::string const& name) const { return getLogicalSlave(name); }
   // An instance at the KPE array (its NoC and PL channels and its resources).
@@ -96,23 +101,17 @@ class TrafficSpec {
 
  private:
   friend class TrafficPath;
-  typedef std::unordered_map<std::string, TrafficLInst*> NameIndex;
   struct PairHash {
     std::size_t operator()(std::pair<TrafficLInst const*, TrafficLInst const*> const& ends) const;
   };
 
   void addPhaseToGroup(std::string const& group, std::string const& phase);
-  void indexExternalConns(TrafficLInst* instance, NameIndex& index);
-  static TrafficLInst* find(NameIndex const& index, std::string const& name);
+  void indexExternalConns(TrafficLInst* instance, TrafficNameIndex::Role role);
   TrafficLInst* addErrorSlave(std::string const& name);
 
   std::vector<std::unique_ptr<TrafficLInst>> m_instances;
   std::vector<TrafficLInst*> m_instanceList;
-  NameIndex m_masters;
-  NameIndex m_slaves;
-  NameIndex m_kpeInstances;
-  NameIndex m_mastersByExternalConn;
-  NameIndex m_slavesByExternalConn;
+  TrafficNameIndex m_names;
   // Paths and nets are many: they lie in chunks, not one allocation each.
   std::deque<TrafficPath> m_paths;
   std::deque<TrafficNet> m_nets;

@@ -37,26 +37,26 @@ TrafficLInst* TrafficSpec::addLogicalInstance(std::string const& name, AxiProt p
   TrafficLInst* instance = m_instances.back().get();
   m_instanceList.push_back(instance);
   if (instance->isMaster()) {
-    m_masters[name] = instance;
-    indexExternalConns(instance, m_mastersByExternalConn);
+    m_names.set(name, TrafficNameIndex::Master, instance, true);
+    indexExternalConns(instance, TrafficNameIndex::MasterConnection);
   } else if (instance->isSlave()) {
-    m_slaves[name] = instance;
-    indexExternalConns(instance, m_slavesByExternalConn);
+    m_names.set(name, TrafficNameIndex::Slave, instance, true);
+    indexExternalConns(instance, TrafficNameIndex::SlaveConnection);
   }
-  if (isKpeArrayType(compType)) m_kpeInstances[name] = instance;
+  if (isKpeArrayType(compType)) m_names.set(name, TrafficNameIndex::KpeInstance, instance, true);
   return instance;
 }
 
 TrafficLInst const* TrafficSpec::getTQLogicalInst(std::string const& name) const {
-  return find(m_kpeInstances, name);
+  return m_names.find(name, TrafficNameIndex::KpeInstance);
 }
 
 TrafficLInst const* TrafficSpec::getLogicalMasterUsingExternalConns(std::string const& name) const {
-  return find(m_mastersByExternalConn, name);
+  return m_names.find(name, TrafficNameIndex::MasterConnection);
 }
 
 TrafficLInst const* TrafficSpec::getLogicalSlaveUsingExternalConns(std::string const& name) const {
-  return find(m_slavesByExternalConn, name);
+  return m_names.find(name, TrafficNameIndex::SlaveConnection);
 }
 
 void TrafficSpec::addPortTypeForMC(TrafficLInst* instance, PORT_TYPE port) {
@@ -143,16 +143,11 @@ void TrafficSpec::addPhaseToGroup(std::string const& group, std::string const& p
   inserted.first->second.insert(phase);
 }
 
-void TrafficSpec::indexExternalConns(TrafficLInst* instance, NameIndex& index) {
+void TrafficSpec::indexExternalConns(TrafficLInst* instance, TrafficNameIndex::Role role) {
   for (auto const& group : instance->getExternalConnsForAllPorts()) {
     for (std::string const& name : group)
-      index.emplace(name, instance);
+      m_names.set(name, role, instance, false);
   }
-}
-
-TrafficLInst* TrafficSpec::find(NameIndex const& index, std::string const& name) {
-  auto const found = index.find(name);
-  return found == index.end() ? nullptr : found->second;
 }
 
 TrafficLInst* TrafficSpec::addErrorSlave(std::string const& name) {

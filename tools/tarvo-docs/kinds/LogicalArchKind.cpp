@@ -2,11 +2,11 @@
 #include <iterator>
 #include <map>
 #include <ostream>
-#include <sstream>
 #include <stdexcept>
 
 #include "../CommandRun.h"
 #include "../Commands.h"
+#include "../JsonNestingWatch.h"
 #include "HDGUIStatus.h"
 #include "Kinds.h"
 #include "LoadedDocuments.h"
@@ -32,17 +32,18 @@ std::size_t portCount(TQLogicalArchModel const& model) {
 }
 
 // The writer leaves a document cut off where it broke the schema and still succeeds; a
-// text that doesn't parse whole is therefore treated as a failed write here.
+// text whose nesting is not closed at the end is therefore treated as a failed write here
+// (the output is then not committed).
 void writeWhole(TQLogicalArchModel const& model, std::string const& hierarchyPrefix, std::ostream& out,
                 HDGUIStatus& status) {
-  std::ostringstream text;
+  JsonNestingWatch watch(out);
+  std::ostream text(&watch);
   if (!TQLogicalArchWriter::writeToJsonFile(hierarchyPrefix, text, model, status))
     throw std::runtime_error("the logical architecture is empty; there is nothing to write.");
-  rapidjson::Document check;
-  if (check.Parse(text.str().c_str()).HasParseError())
+  text.flush();
+  if (!watch.whole())
     throw std::runtime_error("the written logical architecture does not satisfy its schema; it stops after " +
-                             std::to_string(text.str().size()) + " bytes.");
-  out << text.str();
+                             std::to_string(watch.bytes()) + " bytes.");
 }
 
 class LogicalArchKind : public DocumentKind {
