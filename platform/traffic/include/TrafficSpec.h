@@ -42,14 +42,10 @@ class TrafficSpec {
   std::vector<TrafficLInst*> const& getAllLogicalInstance() const { return m_instanceList; }
 
   // Look-ups by name; null when there is no instance of that kind with the name.
-  TrafficLInst* getLogicalMaster(std::string const& name) { return m_names.find(name, TrafficNameIndex::Master); }
-  TrafficLInst* getLogicalSlave(std::string const& name) { return m_names.find(name, TrafficNameIndex::Slave); }
-  TrafficLInst const* getLogicalMaster(std::string const& name) const {
-    return m_names.find(name, TrafficNameIndex::Master);
-  }
-  TrafficLInst const* getLogicalSlave(std::string const& name) const {
-    return m_names.find(name, TrafficNameIndex::Slave);
-  }
+  TrafficLInst* getLogicalMaster(std::string const& name) { return find(name, TrafficNameIndex::Master); }
+  TrafficLInst* getLogicalSlave(std::string const& name) { return find(name, TrafficNameIndex::Slave); }
+  TrafficLInst const* getLogicalMaster(std::string const& name) const { return find(name, TrafficNameIndex::Master); }
+  TrafficLInst const* getLogicalSlave(std::string const& name) const { return find(name, TrafficNameIndex::Slave); }
   TrafficLInst const* hasLogicalMaster(std::string const& name) const { return getLogicalMaster(name); }
   TrafficLInst const* hasLogicalSlave(std::string const& name) const { return getLogicalSlave(name); }
   // An instance at the KPE array (its NoC and PL channels and its resources).
@@ -107,6 +103,7 @@ class TrafficSpec {
 
   void addPhaseToGroup(std::string const& group, std::string const& phase);
   void indexExternalConns(TrafficLInst* instance, TrafficNameIndex::Role role);
+  TrafficLInst* find(std::string const& name, TrafficNameIndex::Role role) const;
   TrafficLInst* addErrorSlave(std::string const& name);
 
   std::vector<std::unique_ptr<TrafficLInst>> m_instances;

@@ -48,15 +48,15 @@ TrafficLInst* TrafficSpec::addLogicalInstance(std::string const& name, AxiProt p
 }
 
 TrafficLInst const* TrafficSpec::getTQLogicalInst(std::string const& name) const {
-  return m_names.find(name, TrafficNameIndex::KpeInstance);
+  return find(name, TrafficNameIndex::KpeInstance);
 }
 
 TrafficLInst const* TrafficSpec::getLogicalMasterUsingExternalConns(std::string const& name) const {
-  return m_names.find(name, TrafficNameIndex::MasterConnection);
+  return find(name, TrafficNameIndex::MasterConnection);
 }
 
 TrafficLInst const* TrafficSpec::getLogicalSlaveUsingExternalConns(std::string const& name) const {
-  return m_names.find(name, TrafficNameIndex::SlaveConnection);
+  return find(name, TrafficNameIndex::SlaveConnection);
 }
 
 void TrafficSpec::addPortTypeForMC(TrafficLInst* instance, PORT_TYPE port) {
@@ -148,6 +148,10 @@ void TrafficSpec::indexExternalConns(TrafficLInst* instance, TrafficNameIndex::R
     for (std::string const& name : group)
       m_names.set(name, role, instance, false);
   }
+}
+
+TrafficLInst* TrafficSpec::find(std::string const& name, TrafficNameIndex::Role role) const {
+  return m_names.find(name, role);
 }
 
 TrafficLInst* TrafficSpec::addErrorSlave(std::string const& name) {

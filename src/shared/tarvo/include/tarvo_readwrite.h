@@ -36,6 +36,7 @@
 #include "PerfSpec.h"
 #include "Route.h"
 #include "TrafficLInst.h"
+#include "TrafficNameIndex.h"
 #include "TrafficNet.h"
 #include "TrafficPath.h"
 #include "TrafficSpec.h"
