@@ -105,4 +105,102 @@ TEST(MetaDataEventRead, TheDocumentWinsAndAFailedTextLeavesTheStoreAsItWas) {
   EXPECT_EQ(written(model), before);
 }
 
+// A store read into while empty keeps the read in a compact form of its own until something
+// changes it: both forms must answer alike and hand over intact.
+void readInto(KPEPrjMetaDataModel& model, std::string const& text) {
+  std::istringstream in(text);
+  model.readFromJSONStream("meta.json", in);
+}
+
+// Out of order, a name twice (the last wins), an empty name, a value of each type.
+char const* const kMixed = R"({"MetaData": [
+  {"name": "z", "value": 1},
+  {"name": "list", "note": "skipped", "value": ["b", "", "a"]},
+  {"name": "dup", "value": "first"},
+  {"value": 3.5},
+  {"name": "big", "value": 4294967296},
+  {"name": "dup", "value": ["second"]},
+  {"name": "flag", "value": true},
+  {"name": "z", "value": "last"},
+  {"name": "int", "value": -7}]})";
+
+TEST(MetaDataReadStore, AnEmptyStoreReadsInNameOrderAndAnswersEveryGetter) {
+  KPEPrjMetaDataModel model;
+  readInto(model, kMixed);
+  EXPECT_EQ(model.getPropertyCount(), 7u);
+  EXPECT_FALSE(model.isEmpty());
+  EXPECT_EQ(model.getDoubleProperty(""), 3.5);
+  EXPECT_EQ(model.getULongProperty("big"), 4294967296ull);
+  EXPECT_EQ(model.getStringArrayProperty("dup"), std::vector<std::string>{"second"});
+  EXPECT_EQ(model.getStringProperty("dup"), "");
+  EXPECT_EQ(model.getIntegrProperty("int"), -7);
+  EXPECT_TRUE(model.getBooleanProperty("int"));
+  EXPECT_FALSE(model.getBooleanProperty("flag"));
+  EXPECT_EQ(model.getIntegrProperty("flag"), 0);
+  EXPECT_EQ(model.getStringArrayProperty("list"), (std::vector<std::string>{"b", "", "a"}));
+  EXPECT_EQ(model.getStringProperty("z"), "last");
+  EXPECT_EQ(model.getIntegrProperty("z"), 0);
+  EXPECT_EQ(model.getDoubleProperty("missing"), 0.0);
+  EXPECT_EQ(model.getStringArrayProperty("a"), std::vector<std::string>());
+  std::string const expected =
+      store({item("", "3.5"), item("big", "4294967296"), item("dup", "[\n        \"second\"\n      ]"),
+             item("flag", "true"), item("int", "-7"),
+             item("list", "[\n        \"b\",\n        \"\",\n        \"a\"\n      ]"), item("z", "\"last\"")});
+  EXPECT_EQ(written(model), expected);
+
+  // The map made on request holds the same, and writing after it is unchanged.
+  auto const& properties = model.getProperties();
+  ASSERT_EQ(properties.size(), 7u);
+  EXPECT_EQ(properties.begin()->first, "");
+  EXPECT_EQ(boost::any_cast<std::string>(properties.at("z")), "last");
+  EXPECT_EQ(boost::any_cast<unsigned long long>(properties.at("big")), 4294967296ull);
+  EXPECT_EQ(written(model), expected);
+}
+
+TEST(MetaDataReadStore, ChangesAfterAReadStartFromWhatWasRead) {
+  KPEPrjMetaDataModel model;
+  readInto(model, kMixed);
+  model.addIntegrProperty("z", 2);
+  model.removeProperty("list");
+  EXPECT_EQ(model.getPropertyCount(), 6u);
+  EXPECT_EQ(model.getIntegrProperty("z"), 2);
+  EXPECT_EQ(model.getStringArrayProperty("dup"), std::vector<std::string>{"second"});
+
+  KPEPrjMetaDataModel read;
+  readInto(read, R"({"MetaData": [{"name": "b", "value": 1}, {"name": "a", "value": "x"}]})");
+  readInto(read, R"({"MetaData": [{"name": "b", "value": "two"}, {"name": "c", "value": false}]})");
+  EXPECT_EQ(written(read), store({item("a", "\"x\""), item("b", "\"two\""), item("c", "false")}));
+
+  // A copy of a read store is deep: clearing the source leaves it whole.
+  KPEPrjMetaDataModel copy;
+  copy.addIntegrProperty("gone", 1);
+  copy.copy(read);
+  read.clear();
+  EXPECT_TRUE(read.isEmpty());
+  EXPECT_EQ(written(read), "{\n  \"MetaData\": []\n}");
+  EXPECT_EQ(written(copy), store({item("a", "\"x\""), item("b", "\"two\""), item("c", "false")}));
+
+  // A text that names nothing leaves an empty store as it was.
+  KPEPrjMetaDataModel empty;
+  readInto(empty, R"({"MetaData": [{"name": "n", "value": null}]})");
+  EXPECT_TRUE(empty.isEmpty());
+  empty.addStringProperty("s", "t");
+  EXPECT_EQ(written(empty), store({item("s", "\"t\"")}));
+}
+
+TEST(MetaDataReadStore, LongAndManyTextsSurviveTheRead) {
+  std::string const longText(100000, 'q');
+  std::string text = R"({"MetaData": [{"name": "long", "value": ")" + longText + R"("})";
+  for (int i = 0; i < 3000; ++i)
+    text += R"(, {"name": "p)" + std::to_string(i) + R"(", "value": ["item)" + std::to_string(i) + R"("]})";
+  text += "]}";
+  KPEPrjMetaDataModel model;
+  readInto(model, text);
+  EXPECT_EQ(model.getPropertyCount(), 3001u);
+  EXPECT_EQ(model.getStringProperty("long"), longText);
+  for (int i = 0; i < 3000; i += 499)
+    EXPECT_EQ(model.getStringArrayProperty("p" + std::to_string(i)),
+              std::vector<std::string>{"item" + std::to_string(i)});
+}
+
 }  // namespace

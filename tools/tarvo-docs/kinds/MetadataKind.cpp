@@ -60,7 +60,7 @@ class MetadataKind : public DocumentKind {
 }  // namespace
 
 std::string LoadedMetadata::brief() const {
-  std::size_t const count = model.getProperties().size();
+  std::size_t const count = model.getPropertyCount();
   return std::to_string(count) + (count == 1 ? " property" : " properties");
 }
 

@@ -4,6 +4,7 @@
 #include <istream>
 #include <limits>
 #include <string_view>
+#include <variant>
 
 #include <rapidjson/prettywriter.h>
 
@@ -11,6 +12,7 @@
 #include "HCRapidJsonReadWriteUtils.h"
 #include "JsonDocumentFrame.h"
 #include "JsonOutputStream.h"
+#include "MetaDataPropertyTable.h"
 
 namespace Tarvo {
 namespace Frameworks {
@@ -28,7 +30,7 @@ char const* const kValue = "value";
 
 typedef rapidjson::PrettyWriter<tarvo::jsonio::JsonOutputStream> Writer;
 
-void writeString(Writer& writer, std::string const& text) {
+void writeString(Writer& writer, std::string_view text) {
   writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
 }
 
@@ -54,17 +56,42 @@ void writeValue(Writer& writer, boost::any const& value) {
   }
 }
 
+// Values as the table holds them.
+void writeValue(Writer& writer, MetaDataPropertyTable::Value const& value) {
+  typedef MetaDataPropertyTable Table;
+  writer.Key(kValue);
+  if (bool const* b = std::get_if<bool>(&value)) {
+    writer.Bool(*b);
+  } else if (int const* i = std::get_if<int>(&value)) {
+    writer.Int(*i);
+  } else if (unsigned long long const* u = std::get_if<unsigned long long>(&value)) {
+    writer.Uint64(*u);
+  } else if (Table::Text const* s = std::get_if<Table::Text>(&value)) {
+    writeString(writer, s->view());
+  } else if (double const* d = std::get_if<double>(&value)) {
+    writer.Double(*d);
+  } else if (Table::List const* list = std::get_if<Table::List>(&value)) {
+    writer.StartArray();
+    for (std::size_t i = 0; i < list->size(); ++i)
+      writeString(writer, list->items()[i].view());
+    writer.EndArray();
+  }
+}
+
 // The properties of one document, collected event by event. Each value's type is decided as
 // the kind tests of a document tree decide it, in the order String, Double, Integer, Boolean,
 // Unsigned long, String array; only the first "name" and "value" of an item count, only the
 // first "MetaData" of the document, and a value of no such type drops its item.
 class MetaDataEvents {
  public:
-  typedef std::map<std::string, boost::any> Properties;
+  typedef MetaDataPropertyTable Table;
 
-  Properties& read() { return m_read; }
+  std::unique_ptr<Table> read() {
+    m_read->finish();
+    return std::move(m_read);
+  }
 
-  void Null() { scalar(boost::any()); }
+  void Null() { scalar(None()); }
   void Bool(bool b) { scalar(b); }
   void Int(int i) { scalar(i); }
   // The parser gives Uint below 2^32: the part that fits an int reads as an Integer.
@@ -75,20 +102,22 @@ class MetaDataEvents {
       scalar(static_cast<unsigned long long>(u));
   }
   // Only below the int range: neither an Integer nor an Unsigned long.
-  void Int64(std::int64_t) { scalar(boost::any()); }
+  void Int64(std::int64_t) { scalar(None()); }
   void Uint64(std::uint64_t u) { scalar(static_cast<unsigned long long>(u)); }
   void Double(double d) { scalar(d); }
   void String(char const* s, rapidjson::SizeType n, bool) {
     if (m_depth == kInValueArray && m_collecting) {
-      m_strings.emplace_back(s, n);
+      m_strings.push_back(m_read->store(s, n));
       return;
     }
     if (m_depth == kInItem && m_slot == Slot::Name) {
-      m_name.assign(s, n);
+      m_name = m_read->store(s, n);
       m_slot = Slot::None;
       return;
     }
-    scalar(std::string(s, n));
+    // Only a value is kept: other texts of an item are not copied.
+    bool const value = m_depth == kInItem && m_inItem && m_slot == Slot::Value;
+    scalar(value ? Value(m_read->store(s, n)) : Value(None()));
   }
   void Key(char const* s, rapidjson::SizeType n, bool) {
     std::string_view const key(s, n);
@@ -111,8 +140,8 @@ class MetaDataEvents {
     if (m_depth == kInItems && m_inItems) {
       m_inItem = true;
       m_nameSeen = m_valueSeen = false;
-      m_name.clear();
-      m_value = boost::any();
+      m_name = Table::Text();
+      m_value = None();
     }
     container();
     ++m_depth;
@@ -121,7 +150,7 @@ class MetaDataEvents {
     --m_depth;
     if (m_depth == kInItems && m_inItem) {
       m_inItem = false;
-      if (!m_value.empty()) m_read.insert_or_assign(m_read.end(), std::move(m_name), std::move(m_value));
+      std::visit([this](auto const& value) { commit(value); }, m_value);
     }
   }
   void StartArray() {
@@ -139,13 +168,15 @@ class MetaDataEvents {
     if (m_depth == kInRoot) m_inItems = false;
     if (m_depth == kInItem && m_collecting) {
       m_collecting = false;
-      m_value = std::move(m_strings);
-      m_strings = std::vector<std::string>();
+      m_value = m_read->store(m_strings);
     }
   }
 
  private:
   enum class Slot { None, Name, Value };
+  // No value, or one of no type the store holds.
+  struct None {};
+  typedef std::variant<None, bool, int, unsigned long long, double, Table::Text, Table::List> Value;
   // Depths of the containers open around an event.
   static constexpr unsigned kInRoot = 1;
   static constexpr unsigned kInItems = 2;
@@ -153,17 +184,23 @@ class MetaDataEvents {
   static constexpr unsigned kInValueArray = 4;
 
   // A value that is no string or array of strings: a name of another type reads as empty.
-  void scalar(boost::any value) {
+  void scalar(Value const& value) {
     if (m_depth == kInRoot) m_nextIsItems = false;
     if (m_depth != kInItem || !m_inItem) return;
-    if (m_slot == Slot::Name) m_name.clear();
-    if (m_slot == Slot::Value) m_value = std::move(value);
+    if (m_slot == Slot::Name) m_name = Table::Text();
+    if (m_slot == Slot::Value) m_value = value;
     m_slot = Slot::None;
   }
   // An object or array met where a name or value was due: both read as nothing.
-  void container() { scalar(boost::any()); }
+  void container() { scalar(None()); }
 
-  Properties m_read;
+  void commit(None) {}
+  template <typename T>
+  void commit(T const& value) {
+    m_read->add(m_name, value);
+  }
+
+  std::unique_ptr<Table> m_read = std::make_unique<Table>();
   unsigned m_depth = 0;
   bool m_rootIsObject = false;
   bool m_metaDataSeen = false;
@@ -174,12 +211,16 @@ class MetaDataEvents {
   bool m_valueSeen = false;
   bool m_collecting = false;
   Slot m_slot = Slot::None;
-  std::string m_name;
-  boost::any m_value;
-  std::vector<std::string> m_strings;
+  Table::Text m_name;
+  Value m_value;
+  std::vector<Table::Text> m_strings;
 };
 
 }  // namespace
+
+KPEPrjMetaDataModel::KPEPrjMetaDataModel() = default;
+
+KPEPrjMetaDataModel::~KPEPrjMetaDataModel() = default;
 
 template <typename T>
 T const* KPEPrjMetaDataModel::find(std::string const& name) const {
@@ -187,74 +228,122 @@ T const* KPEPrjMetaDataModel::find(std::string const& name) const {
   return found == m_properties.end() ? nullptr : boost::any_cast<T>(&found->second);
 }
 
+template <typename T>
+T const* KPEPrjMetaDataModel::findRead(std::string const& name) const {
+  MetaDataPropertyTable::Property const* found = m_read->find(name);
+  return found == nullptr ? nullptr : std::get_if<T>(&found->value);
+}
+
+void KPEPrjMetaDataModel::own() {
+  if (!m_read) return;
+  getProperties();
+  m_read.reset();
+  m_made = false;
+}
+
+std::map<std::string, boost::any> const& KPEPrjMetaDataModel::getProperties() const {
+  if (m_read) {
+    std::lock_guard<std::mutex> const lock(m_making);
+    if (!m_made) {
+      for (MetaDataPropertyTable::Property const& property : m_read->properties())
+        m_properties.emplace_hint(m_properties.end(), property.name.view(), m_read->toAny(property.value));
+      m_made = true;
+    }
+  }
+  return m_properties;
+}
+
 void KPEPrjMetaDataModel::addBooleanProperty(std::string const& name, bool value) {
+  own();
   m_properties[name] = value;
 }
 
 void KPEPrjMetaDataModel::addDoubleProperty(std::string const& name, double value) {
+  own();
   m_properties[name] = value;
 }
 
 void KPEPrjMetaDataModel::addIntegrProperty(std::string const& name, int value) {
+  own();
   m_properties[name] = value;
 }
 
 void KPEPrjMetaDataModel::addStringArrayProperty(std::string const& name, std::vector<std::string> const& value) {
+  own();
   m_properties[name] = value;
 }
 
 void KPEPrjMetaDataModel::addStringProperty(std::string const& name, std::string const& value) {
+  own();
   m_properties[name] = value;
 }
 
 void KPEPrjMetaDataModel::addULongProperty(std::string const& name, unsigned long long value) {
+  own();
   m_properties[name] = value;
 }
 
 bool KPEPrjMetaDataModel::getBooleanProperty(std::string const& name) const {
-  int const* value = find<int>(name);
-  return value != nullptr && *value != 0;
+  return getIntegrProperty(name) != 0;
 }
 
 double KPEPrjMetaDataModel::getDoubleProperty(std::string const& name) const {
-  double const* value = find<double>(name);
+  double const* value = m_read ? findRead<double>(name) : find<double>(name);
   return value != nullptr ? *value : 0.0;
 }
 
 int KPEPrjMetaDataModel::getIntegrProperty(std::string const& name) const {
-  int const* value = find<int>(name);
+  int const* value = m_read ? findRead<int>(name) : find<int>(name);
   return value != nullptr ? *value : 0;
 }
 
 unsigned long long KPEPrjMetaDataModel::getULongProperty(std::string const& name) const {
-  unsigned long long const* value = find<unsigned long long>(name);
+  unsigned long long const* value = m_read ? findRead<unsigned long long>(name) : find<unsigned long long>(name);
   return value != nullptr ? *value : 0;
 }
 
 std::string KPEPrjMetaDataModel::getStringProperty(std::string const& name) {
+  if (m_read) {
+    auto const* text = findRead<MetaDataPropertyTable::Text>(name);
+    return text != nullptr ? std::string(text->view()) : std::string();
+  }
   std::string const* value = find<std::string>(name);
   return value != nullptr ? *value : std::string();
 }
 
 std::vector<std::string> KPEPrjMetaDataModel::getStringArrayProperty(std::string const& name) {
+  if (m_read) {
+    auto const* list = findRead<MetaDataPropertyTable::List>(name);
+    return list != nullptr ? MetaDataPropertyTable::strings(*list) : std::vector<std::string>();
+  }
   auto const* value = find<std::vector<std::string>>(name);
   return value != nullptr ? *value : std::vector<std::string>();
 }
 
 void KPEPrjMetaDataModel::removeProperty(std::string const& name) {
+  own();
   m_properties.erase(name);
 }
 
 void KPEPrjMetaDataModel::clear() {
+  m_read.reset();
+  m_made = false;
   m_properties.clear();
 }
 
 bool KPEPrjMetaDataModel::isEmpty() const {
-  return m_properties.empty();
+  return getPropertyCount() == 0;
+}
+
+std::size_t KPEPrjMetaDataModel::getPropertyCount() const {
+  return m_read ? m_read->properties().size() : m_properties.size();
 }
 
 bool KPEPrjMetaDataModel::copy(KPEPrjMetaDataModel const& other) {
-  if (&other != this) m_properties = other.m_properties;
+  if (&other == this) return true;
+  std::map<std::string, boost::any> properties = other.getProperties();
+  clear();
+  m_properties.swap(properties);
   return true;
 }
 
@@ -285,12 +374,22 @@ void KPEPrjMetaDataModel::writeToJSONStream(std::ostream& out) const {
   writer.StartObject();
   writer.Key(kMetaData);
   writer.StartArray();
-  for (auto const& property : m_properties) {
-    writer.StartObject();
-    writer.Key(kName);
-    writeString(writer, property.first);
-    writeValue(writer, property.second);
-    writer.EndObject();
+  if (m_read) {
+    for (MetaDataPropertyTable::Property const& property : m_read->properties()) {
+      writer.StartObject();
+      writer.Key(kName);
+      writeString(writer, property.name.view());
+      writeValue(writer, property.value);
+      writer.EndObject();
+    }
+  } else {
+    for (auto const& property : m_properties) {
+      writer.StartObject();
+      writer.Key(kName);
+      writeString(writer, property.first);
+      writeValue(writer, property.second);
+      writer.EndObject();
+    }
   }
   writer.EndArray();
   writer.EndObject();
@@ -309,16 +408,17 @@ void KPEPrjMetaDataModel::readFromJSONStream(std::string const& fileName, std::i
   if (in.fail()) Json::errorReadingJsonFile(fileName);
   MetaDataEvents events;
   JsonEventFrame::parse(in, fileName, events);
-  MetaDataEvents::Properties& read = events.read();
-  if (m_properties.empty()) {
-    m_properties.swap(read);
+  std::unique_ptr<MetaDataPropertyTable> read = events.read();
+  if (read->properties().empty()) return;
+  if (isEmpty()) {
+    clear();
+    m_read = std::move(read);
     return;
   }
-  // The document's value wins over the store's, moved over node by node.
-  while (!read.empty()) {
-    auto placed = m_properties.insert(read.extract(read.begin()));
-    if (!placed.inserted) placed.position->second = std::move(placed.node.mapped());
-  }
+  // The document's value wins over the store's.
+  own();
+  for (MetaDataPropertyTable::Property const& property : read->properties())
+    m_properties.insert_or_assign(std::string(property.name.view()), read->toAny(property.value));
 }
 
 void KPEPrjMetaDataModel::readFromJSONFile(std::string const& fileName) {

@@ -3,12 +3,11 @@
 
 #include <string>
 
-#include "DefaultedAttr.h"
-
 namespace kpe {
 namespace constraints {
 
-// A location in memory: column, row, bank and offset, each unset (-1) unless given.
+// A location in memory: column, row, bank and offset, each unset (-1) unless given. A set of
+// -1 leaves a cell unset.
 class Address {
  public:
   Address();
@@ -17,20 +16,20 @@ class Address {
   Address(Address const&) = default;
   Address& operator=(Address const&) = default;
 
-  int getColumn() const { return m_column.getInt(); }
-  int getRow() const { return m_row.getInt(); }
-  int getBankId() const { return m_bankId.getInt(); }
-  int getOffset() const { return m_offset.getInt(); }
+  int getColumn() const { return m_column; }
+  int getRow() const { return m_row; }
+  int getBankId() const { return m_bankId; }
+  int getOffset() const { return m_offset; }
 
-  void setColumn(int value) { m_column.setInt(value); }
-  void setRow(int value) { m_row.setInt(value); }
-  void setBankId(int value) { m_bankId.setInt(value); }
-  void setOffset(int value) { m_offset.setInt(value); }
+  void setColumn(int value) { m_column = value; }
+  void setRow(int value) { m_row = value; }
+  void setBankId(int value) { m_bankId = value; }
+  void setOffset(int value) { m_offset = value; }
 
-  bool hasColumn() const { return m_column.isSet(); }
-  bool hasRow() const { return m_row.isSet(); }
-  bool hasBankId() const { return m_bankId.isSet(); }
-  bool hasOffset() const { return m_offset.isSet(); }
+  bool hasColumn() const { return m_column != kUnset; }
+  bool hasRow() const { return m_row != kUnset; }
+  bool hasBankId() const { return m_bankId != kUnset; }
+  bool hasOffset() const { return m_offset != kUnset; }
 
   // True when any cell is set.
   bool isSpecified() const;
@@ -43,10 +42,13 @@ class Address {
   std::string str() const;
 
  private:
-  DefaultedAttr m_column;
-  DefaultedAttr m_row;
-  DefaultedAttr m_bankId;
-  DefaultedAttr m_offset;
+  static constexpr int kUnset = -1;
+
+  // Plain numbers: a store holds an address or more in every memory and buffer constraint.
+  int m_column = kUnset;
+  int m_row = kUnset;
+  int m_bankId = kUnset;
+  int m_offset = kUnset;
 };
 
 }  // namespace constraints

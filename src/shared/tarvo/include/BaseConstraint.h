@@ -127,12 +127,13 @@ class BaseConstraint {
   ConstrPropertiesMap& objectsProperties() { return m_objProps; }
 
  private:
+  // The two types side by side, with no padding between them: a store holds many constraints.
   ConstrType m_type;
+  ObjectType m_objType;
   // The type's own attribute name, shared by every constraint of the type; a constraint made
   // with another name (an attribute's) points at its own copy.
   std::string const* m_constrName;
   std::unique_ptr<std::string const> m_ownConstrName;
-  ObjectType m_objType;
   std::string m_objName;
   SrcInfo m_srcInfo;
   ConstrPropertiesMap m_objProps;

@@ -3,20 +3,25 @@
 
 #include <boost/any.hpp>
 
+#include <cstddef>
 #include <iosfwd>
 #include <map>
+#include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
 namespace Tarvo {
 namespace Frameworks {
 
+class MetaDataPropertyTable;
+
 // Named values that the tool attaches to a KPE project, each of one of six types, saved and
 // loaded as one document: {"MetaData": [{"name": ..., "value": ...}, ...]}.
 class KPEPrjMetaDataModel {
  public:
-  KPEPrjMetaDataModel() = default;
-  ~KPEPrjMetaDataModel() = default;
+  KPEPrjMetaDataModel();
+  ~KPEPrjMetaDataModel();
   KPEPrjMetaDataModel(KPEPrjMetaDataModel const&) = delete;
   KPEPrjMetaDataModel& operator=(KPEPrjMetaDataModel const&) = delete;
 
@@ -41,6 +46,7 @@ class KPEPrjMetaDataModel {
   void removeProperty(std::string const& name);
   void clear();
   bool isEmpty() const;
+  std::size_t getPropertyCount() const;
   // Makes this store a deep copy of `other`; always true.
   bool copy(KPEPrjMetaDataModel const& other);
 
@@ -55,14 +61,25 @@ class KPEPrjMetaDataModel {
   void readFromJSONStream(std::string const& fileName, std::istream& in);
   void readFromJSONFile(std::string const& fileName);
 
-  // The properties in name order, for callers that list them.
-  std::map<std::string, boost::any> const& getProperties() const { return m_properties; }
+  // The properties in name order, for callers that list them. A store that was read is
+  // kept in a compact form of its own, and this map is made from it on the first call.
+  std::map<std::string, boost::any> const& getProperties() const;
 
  private:
   template <typename T>
   T const* find(std::string const& name) const;
+  template <typename T>
+  T const* findRead(std::string const& name) const;
+  // Makes m_properties the store, before a change.
+  void own();
 
-  std::map<std::string, boost::any> m_properties;
+  // The store as read, while nothing changed it since; otherwise null, and m_properties is the
+  // store.
+  std::unique_ptr<MetaDataPropertyTable> m_read;
+  mutable std::map<std::string, boost::any> m_properties;
+  // Guards the making of m_properties from m_read by concurrent readers of the store.
+  mutable std::mutex m_making;
+  mutable bool m_made = false;
 };
 
 extern std::string const KPE_PL_INTF_ID;

@@ -153,11 +153,14 @@ class StreamChannelConstr : public BaseConstraint {
   virtual bool hasChannel() const;
 
  private:
-  DefaultedAttr m_column;
-  DefaultedAttr m_row;
-  DefaultedAttr m_offset;
+  static constexpr int kUnset = -1;
+
+  // Plain cells, unset at -1 (a set of -1 leaves a cell unset).
+  int m_column = kUnset;
+  int m_row = kUnset;
+  int m_offset = kUnset;
   Direction m_direction = Unset;
-  DefaultedAttr m_channel;
+  int m_channel = kUnset;
 };
 
 // The ping, pong and run-time-parameter selector buffers of a port.

@@ -5,7 +5,6 @@
 #include <string>
 #include <utility>
 
-#include "DefaultedAttr.h"
 #include "HDPoint.h"
 
 namespace kpe {
@@ -82,13 +81,17 @@ class PhysicalSpec {
   void setPhysicalType(PhysicalType type) { m_type = type; }
 
  private:
-  DefaultedAttr m_name;
-  DefaultedAttr m_column;
-  DefaultedAttr m_row;
-  DefaultedAttr m_channel;
+  static constexpr int kUnset = -1;
+
+  // Plain cells, unset while empty or -1 (a set of -1 leaves a cell unset): a store holds a
+  // place in every tile, shim and port location constraint.
+  std::string m_name;
+  int m_column = kUnset;
+  int m_row = kUnset;
+  int m_channel = kUnset;
   PhysicalType m_type;
-  DefaultedAttr m_bankId;
-  DefaultedAttr m_offset;
+  int m_bankId = kUnset;
+  int m_offset = kUnset;
 };
 
 }  // namespace constraints

@@ -5,7 +5,7 @@
 namespace kpe {
 namespace constraints {
 
-Address::Address() : m_column(HATAttr::INT), m_row(HATAttr::INT), m_bankId(HATAttr::INT), m_offset(HATAttr::INT) {}
+Address::Address() = default;
 
 Address::Address(int column, int row, int bankId, int offset) : Address() {
   setColumn(column);

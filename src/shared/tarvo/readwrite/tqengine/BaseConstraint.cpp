@@ -55,10 +55,10 @@ bool ConstrProperties::hasNonDefaultProps(std::string const& objectName,
 }
 
 BaseConstraint::BaseConstraint(ConstrType type)
-    : m_type(refuseAttr(type)), m_constrName(&getConstrNameFromType(type)), m_objType(GLOBAL) {}
+    : m_type(refuseAttr(type)), m_objType(GLOBAL), m_constrName(&getConstrNameFromType(type)) {}
 
 BaseConstraint::BaseConstraint(ConstrType type, std::string const& name, ObjectType objType, std::string const& objName)
-    : m_type(type), m_constrName(&getConstrNameFromType(type)), m_objType(objType), m_objName(objName) {
+    : m_type(type), m_objType(objType), m_constrName(&getConstrNameFromType(type)), m_objName(objName) {
   if (name != *m_constrName) {
     m_ownConstrName = std::make_unique<std::string const>(name);
     m_constrName = m_ownConstrName.get();
@@ -66,7 +66,7 @@ BaseConstraint::BaseConstraint(ConstrType type, std::string const& name, ObjectT
 }
 
 BaseConstraint::BaseConstraint(ConstrType type, ObjectType objType, std::string const& objName)
-    : m_type(refuseAttr(type)), m_constrName(&getConstrNameFromType(type)), m_objType(objType), m_objName(objName) {}
+    : m_type(refuseAttr(type)), m_objType(objType), m_constrName(&getConstrNameFromType(type)), m_objName(objName) {}
 
 BaseConstraint::~BaseConstraint() = default;
 

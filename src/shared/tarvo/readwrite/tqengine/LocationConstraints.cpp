@@ -356,12 +356,7 @@ bool PortLocConstr::isCoordinateForm() const {
 // ---------------------------------------------------------------------------------------------
 // StreamChannelConstr
 
-StreamChannelConstr::StreamChannelConstr(std::string const& objName)
-    : BaseConstraint(STREAM_CHANNEL, PORT, objName),
-      m_column(HATAttr::INT),
-      m_row(HATAttr::INT),
-      m_offset(HATAttr::INT),
-      m_channel(HATAttr::INT) {}
+StreamChannelConstr::StreamChannelConstr(std::string const& objName) : BaseConstraint(STREAM_CHANNEL, PORT, objName) {}
 
 void StreamChannelConstr::clone(ConstrHandler& target, BaseNameResolver const* resolver) const {
   std::string const name = resolvedObjName(resolver);
@@ -406,13 +401,13 @@ std::string StreamChannelConstr::str() const {
 }
 
 int StreamChannelConstr::getColumn() const {
-  return m_column.getInt();
+  return m_column;
 }
 int StreamChannelConstr::getRow() const {
-  return m_row.getInt();
+  return m_row;
 }
 int StreamChannelConstr::getOffset() const {
-  return m_offset.getInt();
+  return m_offset;
 }
 StreamChannelConstr::Direction StreamChannelConstr::getDirection() const {
   return m_direction;
@@ -430,16 +425,16 @@ std::string StreamChannelConstr::getDirectionAsStr() const {
 }
 
 int StreamChannelConstr::getChannel() const {
-  return m_channel.getInt();
+  return m_channel;
 }
 void StreamChannelConstr::setColumn(int column) {
-  m_column.setInt(column);
+  m_column = column;
 }
 void StreamChannelConstr::setRow(int row) {
-  m_row.setInt(row);
+  m_row = row;
 }
 void StreamChannelConstr::setOffset(int offset) {
-  m_offset.setInt(offset);
+  m_offset = offset;
 }
 
 void StreamChannelConstr::setDirection(std::string const& direction) {
@@ -459,7 +454,7 @@ void StreamChannelConstr::setDirection(Direction direction) {
   m_direction = direction;
 }
 void StreamChannelConstr::setChannel(int channel) {
-  m_channel.setInt(channel);
+  m_channel = channel;
 }
 
 bool StreamChannelConstr::isValid() const {
@@ -469,19 +464,19 @@ bool StreamChannelConstr::isValid() const {
 }
 
 bool StreamChannelConstr::hasColumn() const {
-  return m_column.isSet();
+  return m_column != kUnset;
 }
 bool StreamChannelConstr::hasRow() const {
-  return m_row.isSet();
+  return m_row != kUnset;
 }
 bool StreamChannelConstr::hasOffset() const {
-  return m_offset.isSet();
+  return m_offset != kUnset;
 }
 bool StreamChannelConstr::hasDirection() const {
   return m_direction != Unset;
 }
 bool StreamChannelConstr::hasChannel() const {
-  return m_channel.isSet();
+  return m_channel != kUnset;
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -5,14 +5,7 @@
 namespace kpe {
 namespace constraints {
 
-PhysicalSpec::PhysicalSpec(PhysicalType type)
-    : m_name(HATAttr::STRING),
-      m_column(HATAttr::INT),
-      m_row(HATAttr::INT),
-      m_channel(HATAttr::INT),
-      m_type(type),
-      m_bankId(HATAttr::INT),
-      m_offset(HATAttr::INT) {}
+PhysicalSpec::PhysicalSpec(PhysicalType type) : m_type(type) {}
 
 PhysicalSpec::~PhysicalSpec() = default;
 
@@ -41,12 +34,8 @@ PhysicalSpec::PhysicalType PhysicalSpec::toPhysicalSpecTileType(std::string cons
 }
 
 void PhysicalSpec::clearAll() {
-  m_name.reset();
-  m_column.reset();
-  m_row.reset();
-  m_channel.reset();
-  m_bankId.reset();
-  m_offset.reset();
+  m_name.clear();
+  m_column = m_row = m_channel = m_bankId = m_offset = kUnset;
 }
 
 bool PhysicalSpec::isShim() const {
@@ -62,22 +51,22 @@ PhysicalSpec::PhysicalType PhysicalSpec::getPhysicalType() const {
   return m_type;
 }
 std::string const& PhysicalSpec::getName() const {
-  return m_name.getString();
+  return m_name;
 }
 int PhysicalSpec::getColumn() const {
-  return m_column.getInt();
+  return m_column;
 }
 int PhysicalSpec::getRow() const {
-  return m_row.getInt();
+  return m_row;
 }
 int PhysicalSpec::getChannel() const {
-  return m_channel.getInt();
+  return m_channel;
 }
 int PhysicalSpec::getBankId() const {
-  return m_bankId.getInt();
+  return m_bankId;
 }
 int PhysicalSpec::getOffset() const {
-  return m_offset.getInt();
+  return m_offset;
 }
 HDPoint<int> PhysicalSpec::getXY() const {
   return HDPoint<int>(getColumn(), getRow());
@@ -85,7 +74,7 @@ HDPoint<int> PhysicalSpec::getXY() const {
 
 void PhysicalSpec::setName(std::string const& name) {
   clearAll();
-  m_name.setString(name);
+  m_name = name;
 }
 
 void PhysicalSpec::setColumn(int column) {
@@ -95,13 +84,13 @@ void PhysicalSpec::setRow(int row) {
   setXY(getColumn(), row);
 }
 void PhysicalSpec::setBankId(int bankId) {
-  m_bankId.setInt(bankId);
+  m_bankId = bankId;
 }
 void PhysicalSpec::setOffset(int offset) {
-  m_offset.setInt(offset);
+  m_offset = offset;
 }
 void PhysicalSpec::setChannel(int channel) {
-  m_channel.setInt(channel);
+  m_channel = channel;
 }
 void PhysicalSpec::setXY(HDPoint<int> const& xy) {
   setXY(xy.x, xy.y);
@@ -110,9 +99,9 @@ void PhysicalSpec::setXY(HDPoint<int> const& xy) {
 void PhysicalSpec::setXY(int column, int row) {
   int const channel = getChannel();
   clearAll();
-  m_column.setInt(column);
-  m_row.setInt(row);
-  m_channel.setInt(channel);
+  m_column = column;
+  m_row = row;
+  m_channel = channel;
 }
 
 void PhysicalSpec::setPoint(HDPoint<int> const& xy) {
@@ -122,22 +111,22 @@ bool PhysicalSpec::isSpecified() const {
   return hasName() || hasColumn();
 }
 bool PhysicalSpec::hasName() const {
-  return m_name.isSet();
+  return !m_name.empty();
 }
 bool PhysicalSpec::hasColumn() const {
-  return m_column.isSet();
+  return m_column != kUnset;
 }
 bool PhysicalSpec::hasRow() const {
-  return m_row.isSet();
+  return m_row != kUnset;
 }
 bool PhysicalSpec::hasChannel() const {
-  return m_channel.isSet();
+  return m_channel != kUnset;
 }
 bool PhysicalSpec::hasBankId() const {
-  return m_bankId.isSet();
+  return m_bankId != kUnset;
 }
 bool PhysicalSpec::hasOffset() const {
-  return m_offset.isSet();
+  return m_offset != kUnset;
 }
 bool PhysicalSpec::isChannelSet() const {
   return hasChannel();
