@@ -12,12 +12,14 @@ namespace {
 
 char const kTunable[] = "glibc.malloc.hugetlb";
 
+#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
 // "always [madvise] never": huge pages are there unless "never" is chosen.
 bool kernelOffersHugePages() {
   std::ifstream in("/sys/kernel/mm/transparent_hugepage/enabled");
   std::string line;
   return std::getline(in, line) && line.find("[never]") == std::string::npos;
 }
+#endif
 
 }  // namespace
 
