@@ -5,6 +5,10 @@
 #include <cstring>
 #include <utility>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 #include "StringScan.h"
 
 namespace tarvo {
@@ -12,11 +16,20 @@ namespace jsonio {
 
 namespace {
 
-// Counts the newlines in [text, text + count), eight bytes at a time; `lineStart` becomes the
-// offset just behind the last of them, where `base` is the offset of `text`.
+// Counts the newlines in [text, text + count), sixteen or eight bytes at a time; `lineStart`
+// becomes the offset just behind the last of them, where `base` is the offset of `text`. Every
+// block of a read passes here, so it is a visible part of a parse.
 void countLines(char const* text, std::size_t count, std::size_t base, std::size_t& lines, std::size_t& lineStart) {
   std::size_t at = 0;
   std::size_t found = 0;
+#if defined(__SSE2__)
+  __m128i const newline = _mm_set1_epi8('\n');
+  for (; at + 16 <= count; at += 16) {
+    __m128i const bytes = _mm_loadu_si128(reinterpret_cast<__m128i const*>(text + at));
+    found += static_cast<std::size_t>(
+        __builtin_popcount(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, newline)))));
+  }
+#endif
   for (; at + 8 <= count; at += 8) {
     std::uint64_t word;
     std::memcpy(&word, text + at, 8);
