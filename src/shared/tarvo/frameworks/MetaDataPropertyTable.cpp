@@ -1,6 +1,7 @@
 #include "MetaDataPropertyTable.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <new>
 
 namespace Tarvo {
@@ -9,6 +10,12 @@ namespace Frameworks {
 namespace {
 
 constexpr std::size_t kBlockSize = std::size_t(1) << 16;
+
+void* heapBlock(std::size_t size) {
+  void* const block = std::malloc(size);
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
+}
 
 bool byName(MetaDataPropertyTable::Property const& a, MetaDataPropertyTable::Property const& b) {
   return a.name.view() < b.name.view();
@@ -22,18 +29,29 @@ void* MetaDataPropertyTable::allocate(std::size_t size, std::size_t alignment) {
     // Left uninitialised: every byte handed out is written first. What is longer than a
     // quarter block gets a block of its own, and the free rest stays in use.
     if (size > kBlockSize / 4) {
-      m_blocks.emplace_back(new char[size]);
+      m_blocks.emplace_back(static_cast<char*>(heapBlock(size)));
       return m_blocks.back().get();
     }
-    m_blocks.emplace_back(new char[kBlockSize]);
+    // A small document stays in one small block; a large one goes on in large pages.
+    std::size_t const blockSize = m_blocks.empty() ? kBlockSize : LargePageMemory::kPage;
+    m_blocks.emplace_back(
+        static_cast<char*>(m_blocks.empty() ? heapBlock(blockSize) : LargePageMemory::allocate(blockSize)));
     m_free = m_blocks.back().get();
-    m_freeSize = kBlockSize;
+    m_freeSize = blockSize;
     return allocate(size, alignment);
   }
   void* const start = m_free + skip;
   m_free += skip + size;
   m_freeSize -= skip + size;
   return start;
+}
+
+// Past a small block's worth, the list takes a whole large page at once instead of the
+// sizes between, which would be mapped in small pages; beyond it, it doubles in large pages.
+void MetaDataPropertyTable::grow() {
+  std::size_t const perPage = LargePageMemory::kPage / sizeof(Property);
+  std::size_t const size = m_properties.size();
+  if (size * sizeof(Property) >= kBlockSize && size < perPage) m_properties.reserve(perPage);
 }
 
 MetaDataPropertyTable::Text MetaDataPropertyTable::store(char const* text, std::size_t size) {

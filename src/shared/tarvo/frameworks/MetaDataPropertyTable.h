@@ -6,12 +6,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
+
+#include "LargePageMemory.h"
 
 namespace Tarvo {
 namespace Frameworks {
@@ -51,22 +52,28 @@ class MetaDataPropertyTable {
   Text store(char const* text, std::size_t size);
   List store(std::vector<Text> const& items);
   // Appends in the order of the document; `finish` then orders the properties by name.
-  void add(Text name, Value const& value) { m_properties.push_back(Property{name, value}); }
+  void add(Text name, Value const& value) {
+    if (m_properties.size() == m_properties.capacity()) grow();
+    m_properties.push_back(Property{name, value});
+  }
   // Orders by name; of properties of the same name, the last added stays.
   void finish();
 
-  // After `finish` only. A deque grows without moving what it holds, so that a large read
-  // touches each part of it once.
+  typedef std::vector<Property, LargePageAllocator<Property>> Properties;
+
+  // After `finish` only.
   Property const* find(std::string_view name) const;
-  std::deque<Property> const& properties() const { return m_properties; }
+  Properties const& properties() const { return m_properties; }
   static std::vector<std::string> strings(List list);
   static boost::any toAny(Value const& value);
 
  private:
   void* allocate(std::size_t size, std::size_t alignment);
+  void grow();
 
-  std::deque<Property> m_properties;
-  std::vector<std::unique_ptr<char[]>> m_blocks;
+  Properties m_properties;
+  // The first block and long texts from the heap, the rest in large pages: all go by free().
+  std::vector<LargePageMemory::Block> m_blocks;
   char* m_free = nullptr;
   std::size_t m_freeSize = 0;
 };
