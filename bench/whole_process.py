@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 """Times tarvo-docs as a user runs it, against the floor of the same run.
 
-For every generated document (see generate_documents.cpp) it runs `check`, `check --kind`
-and `convert` RUNS times each, takes the median CPU time (user plus system) of the whole
-process and subtracts the program's start-up: the median time of converting the smallest
+For every generated document (see generate_documents.cpp) it runs, in each of RUNS rounds, the
+floor and `check`, `check --kind` and `convert` once, takes the median CPU time (user plus
+system) of the whole process and subtracts the program's start-up: the median time of converting the smallest
 document of the same kind with the same inputs. It prints each time over the floor that
 tarvo-bench-floor measures on the same text (parse plus validation from memory; for
 convert, that plus the validated pretty write), and the peak memory of convert above that
@@ -47,31 +47,32 @@ class Document:
         return words
 
 
-def measure(tool, document, runs):
-    def median_of(command, file):
-        times, peaks = [], []
-        for _ in range(runs):
-            seconds, peak, status, err = run(document.argv(tool, command, file))
+def measure(bench_dir, tool, document, runs):
+    """Runs the floor and every command once a round, so that a machine whose speed drifts
+    during the benchmark moves the floor with the program; medians of the rounds."""
+    # Three floor runs a round: the first parse of a process pays first touches of its memory.
+    floor_argv = [os.path.join(bench_dir, "tarvo-bench-floor"), document.file, document.schema, "3"]
+    work = [("start-up", document.empty, "convert")] + [(command, document.file, command) for command in COMMANDS]
+    floors, converts, times, peaks = [], [], {name: [] for name, _, _ in work}, {name: [] for name, _, _ in work}
+    for _ in range(runs):
+        out = subprocess.run(floor_argv, check=True, capture_output=True, text=True).stdout.split()
+        floors.append(float(out[0]))
+        converts.append(float(out[1]))
+        compact = int(out[2])
+        for name, file, command in work:
+            argv = document.argv(tool, command, file)
+            seconds, peak, status, err = run(argv)
             if status != 0:
-                sys.exit(f"whole_process: `{' '.join(document.argv(tool, command, file))}` failed ({status}):\n{err}")
-            times.append(seconds)
-            peaks.append(peak)
-        return statistics.median(times), max(peaks)
-
-    start_up, empty_peak = median_of("convert", document.empty)
-    result = {"bytes": os.path.getsize(document.file), "start-up ms": start_up * 1e3}
+                sys.exit(f"whole_process: `{' '.join(argv)}` failed ({status}):\n{err}")
+            times[name].append(seconds)
+            peaks[name].append(peak)
+    start_up = statistics.median(times["start-up"])
+    result = {"floor ms": statistics.median(floors) * 1e3, "convert floor ms": statistics.median(converts) * 1e3,
+              "compact bytes": compact, "bytes": os.path.getsize(document.file), "start-up ms": start_up * 1e3}
     for command in COMMANDS:
-        seconds, peak = median_of(command, document.file)
-        result[command + " ms"] = max(seconds - start_up, 0.0) * 1e3
-        if command == "convert":
-            result["convert peak MB"] = max(peak - empty_peak, 0) / 1e6
+        result[command + " ms"] = max(statistics.median(times[command]) - start_up, 0.0) * 1e3
+    result["convert peak MB"] = max(max(peaks["convert"]) - max(peaks["start-up"]), 0) / 1e6
     return result
-
-
-def floor(bench_dir, document, runs):
-    out = subprocess.run([os.path.join(bench_dir, "tarvo-bench-floor"), document.file, document.schema, str(runs)],
-                         check=True, capture_output=True, text=True).stdout.split()
-    return {"floor ms": float(out[0]) * 1e3, "convert floor ms": float(out[1]) * 1e3, "compact bytes": int(out[2])}
 
 
 def milliseconds(value):
@@ -111,8 +112,7 @@ def main():
         for document in documents:
             if args.only and document.name not in args.only:
                 continue
-            results[document.name] = floor(bench_dir, document, args.runs)
-            results[document.name].update(measure(tool, document, args.runs))
+            results[document.name] = measure(bench_dir, tool, document, args.runs)
             print(f"{document.name}: done", file=sys.stderr)
     print(f"Whole process, median CPU time of {args.runs} runs less the start-up, over the floor; scale {args.scale}")
     print(table(results))
