@@ -801,8 +801,8 @@ class TrafficCommit {
         m_stage(stage),
         m_instanceOfText(stage.m_texts.size(), kNoInstance) {}
 
-  // Each staged instance and path is let go once it is in the traffic specification, so that
-  // the specification grows into the memory the stage gives back.
+  // Each staged instance and path is let go once it is in the TrafficSpec, so that the
+  // model grows into the memory the stage gives back.
   void readInstances() {
     m_instances.reserve(m_stage.m_instances.size());
     for (; !m_stage.m_instances.empty(); m_stage.m_instances.pop_front())

@@ -54,8 +54,8 @@ std::size_t portIndexOf(std::string const& portText) {
   return index;
 }
 
-// One writing of one document, sent as events as the specification is walked: a document tree
-// of a large specification costs more to build than to write, and holds several times the text.
+// One writing of one document, sent as events as the TrafficSpec is walked: a document tree of
+// a large traffic model costs more to build than to write, and holds several times the text.
 // The resolver is asked in the order a tree was once built in.
 template <typename Emitter>
 class TrafficDocumentEvents {
