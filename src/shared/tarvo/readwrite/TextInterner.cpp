@@ -17,27 +17,14 @@ std::uint32_t TextInterner::intern(std::string_view text) {
   std::size_t const mask = m_slots.size() - 1;
   for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
     Slot& slot = m_slots[at];
-    if (slot.idPlusOne == 0) {
+    if (slot.numberPlusOne == 0) {
       std::uint32_t const id = static_cast<std::uint32_t>(size());
       slot = Slot{hash, id + 1};
       m_chars.append(text);
       m_starts.push_back(m_chars.size());
-      if (2 * size() > m_slots.size()) grow();
+      if (2 * size() > m_slots.size()) doubleHashSlots(m_slots);
       return id;
     }
-    if (slot.hash == hash && this->text(slot.idPlusOne - 1) == text) return slot.idPlusOne - 1;
+    if (slot.hash == hash && this->text(slot.numberPlusOne - 1) == text) return slot.numberPlusOne - 1;
   }
-}
-
-void TextInterner::grow() {
-  std::vector<Slot> slots(2 * m_slots.size(), Slot{0, 0});
-  std::size_t const mask = slots.size() - 1;
-  for (Slot const& slot : m_slots) {
-    if (slot.idPlusOne == 0) continue;
-    std::size_t at = slot.hash & mask;
-    while (slots[at].idPlusOne != 0)
-      at = (at + 1) & mask;
-    slots[at] = slot;
-  }
-  m_slots.swap(slots);
 }

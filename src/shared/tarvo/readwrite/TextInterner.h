@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "HashSlots.h"
+
 // Gives each distinct text a small number and keeps it once, for readers that meet the same
 // names many times in a large document (a traffic specification's paths name their instances
 // hundreds of thousands of times). Open addressing over one flat table: a look-up costs one
@@ -23,11 +25,7 @@ class TextInterner {
   std::size_t size() const { return m_starts.size() - 1; }
 
  private:
-  struct Slot {
-    std::uint32_t hash;
-    std::uint32_t idPlusOne;  // 0: empty
-  };
-  void grow();
+  typedef HashSlot Slot;
 
   std::string m_chars;                // every text, one after the other
   std::vector<std::size_t> m_starts;  // text i is m_chars[m_starts[i], m_starts[i + 1])

@@ -179,7 +179,7 @@ std::uint32_t ConstrSourceScanner::numberOf(std::string_view text) {
       std::uint32_t const number = static_cast<std::uint32_t>(m_texts.size());
       m_texts.push_back(Text{keep(text), 0, 0});
       slot = Slot{hash, number + 1};
-      if (2 * m_texts.size() > m_slots.size()) growTable();
+      if (2 * m_texts.size() > m_slots.size()) doubleHashSlots(m_slots);
       return number;
     }
     if (slot.hash == hash && m_texts[slot.numberPlusOne - 1].text == text) return slot.numberPlusOne - 1;
@@ -195,19 +195,6 @@ ConstrSourceScanner::Text const* ConstrSourceScanner::lookUp(std::string_view te
     if (slot.numberPlusOne == 0) return nullptr;
     if (slot.hash == hash && m_texts[slot.numberPlusOne - 1].text == text) return &m_texts[slot.numberPlusOne - 1];
   }
-}
-
-void ConstrSourceScanner::growTable() {
-  std::vector<Slot> slots(2 * m_slots.size(), Slot{0, 0});
-  std::size_t const mask = slots.size() - 1;
-  for (Slot const& slot : m_slots) {
-    if (slot.numberPlusOne == 0) continue;
-    std::size_t i = slot.hash & mask;
-    while (slots[i].numberPlusOne != 0)
-      i = (i + 1) & mask;
-    slots[i] = slot;
-  }
-  m_slots.swap(slots);
 }
 
 std::string_view ConstrSourceScanner::keep(std::string_view text) {

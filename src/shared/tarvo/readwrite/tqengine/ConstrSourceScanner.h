@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "HashSlots.h"
+
 namespace kpe {
 namespace constraints {
 
@@ -60,11 +62,7 @@ class ConstrSourceScanner {
     std::uint32_t begin;
     std::uint32_t count;
   };
-  // A slot of the table: the hash of a text and its number plus one, 0 in a free slot.
-  struct Slot {
-    std::uint32_t hash;
-    std::uint32_t numberPlusOne;
-  };
+  typedef HashSlot Slot;
   // An occurrence and the number of its text, as the pass over the file meets them.
   struct Sighting {
     std::uint32_t number;
@@ -80,7 +78,6 @@ class ConstrSourceScanner {
   std::uint32_t numberOf(std::string_view text);
   // The text of that content, or null.
   Text const* lookUp(std::string_view text) const;
-  void growTable();
   // A lasting copy of a text of the file, for m_texts.
   std::string_view keep(std::string_view text);
   // The first match of the quoted text on a line after `afterLine`.
