@@ -7,12 +7,14 @@
 #include "JsonInputStream.h"
 #include "JsonOutputStream.h"
 #include "JsonParse.h"
+#include "StringScan.h"
 
 namespace {
 
 using tarvo::jsonio::JsonInputStream;
 using tarvo::jsonio::JsonOutputStream;
 using tarvo::jsonio::JsonParse;
+using tarvo::jsonio::StringScan;
 
 std::string parseError(std::string const& text, std::size_t blockSize = 1 << 16) {
   std::istringstream in(text);
@@ -68,6 +70,49 @@ TEST(JsonInputStream, ParsesWholeDocumentsOfManyBlocks) {
   ASSERT_EQ(doc.Size(), 5000u);
   EXPECT_EQ(doc[4999].GetInt(), 4999);
   EXPECT_EQ(stream.Tell(), text.size());
+}
+
+TEST(StringScan, RunsStopAtTheFirstByteOutsideThem) {
+  auto plain = [](std::string const& text) { return StringScan::plainRun(text.data(), text.data() + text.size()); };
+  auto space = [](std::string const& text) {
+    return StringScan::whitespaceRun(text.data(), text.data() + text.size());
+  };
+  EXPECT_EQ(plain(""), 0u);
+  EXPECT_EQ(plain("ab\"c"), 2u);
+  EXPECT_EQ(plain(std::string(16, 'a') + "\\"), 16u);
+  EXPECT_EQ(plain(std::string(31, 'a') + "\x1F"), 31u);
+  EXPECT_EQ(plain(std::string(40, ' ') + "\x7F\x80\xC3\xA9\xFF"), 45u);  // bytes above 0x7F are no control bytes
+  EXPECT_EQ(plain(std::string("\0abc", 4)), 0u);
+  EXPECT_EQ(space(" \t\r\n x"), 5u);
+  EXPECT_EQ(space(std::string(17, ' ') + "\v"), 17u);
+  EXPECT_EQ(space(std::string(32, '\n') + "\f"), 32u);
+  EXPECT_EQ(space(std::string(16, '\t')), 16u);
+}
+
+// Strings and whitespace are taken in runs up to the end of a block; the parse must come out
+// as RapidJSON's parse of the same text in memory, document and error offset alike.
+TEST(JsonInputStream, RunsOfStringsAndWhitespaceParseAsTextInMemory) {
+  std::string text = "[";
+  for (int i = 0; i < 60; ++i) {
+    std::string item(static_cast<std::size_t>(i), 'a' + i % 26);
+    if (i % 3 == 0) item.insert(item.size() / 2, "\\\"\\u00e9\\n");
+    if (i % 4 == 1) item += "\xC3\xA9";
+    text += (i ? "," : "") + std::string(static_cast<std::size_t>(i % 19), i % 2 ? ' ' : '\n') + "\"" + item + "\"";
+  }
+  text += "]";
+  rapidjson::Document expected;
+  expected.Parse(text.c_str(), text.size());
+  ASSERT_FALSE(expected.HasParseError());
+  for (std::size_t block : {1u << 16, 16u, 17u, 5u}) {
+    std::istringstream in(text);
+    JsonInputStream stream(in, block);
+    rapidjson::Document doc;
+    ASSERT_FALSE(JsonParse::parse(stream, doc).IsError()) << "block size " << block;
+    EXPECT_TRUE(doc == expected) << "block size " << block;
+  }
+  std::string const broken = "[\"" + std::string(40, 'x') + "\t\"]";
+  for (std::size_t block : {1u << 16, 16u, 5u})
+    EXPECT_EQ(parseError(broken, block), "line 1, column 43: Invalid escape character in string.") << "block size " << block;
 }
 
 TEST(JsonOutputStream, PassesTextOnInBlocksAndOnFlush) {

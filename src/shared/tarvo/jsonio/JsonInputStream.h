@@ -1,10 +1,15 @@
 #ifndef TARVO_JSONINPUTSTREAM_H
 #define TARVO_JSONINPUTSTREAM_H
 
+#include <rapidjson/reader.h>
+
 #include <cassert>
 #include <cstddef>
+#include <cstring>
 #include <istream>
 #include <vector>
+
+#include "StringScan.h"
 
 namespace tarvo {
 namespace jsonio {
@@ -47,6 +52,15 @@ class JsonInputStream {
     return 0;
   }
 
+  // The bytes that can be taken at once: from the current one up to the last of the block,
+  // which is left out so that taking them never needs the next block.
+  Ch const* runBegin() const { return m_current; }
+  Ch const* runEnd() const { return m_last; }
+  void takeRun(std::size_t count) {
+    assert(count <= static_cast<std::size_t>(m_last - m_current));
+    m_current += count;
+  }
+
   // Line and column of a byte offset that lies in the current or the previous block; an
   // older offset gets the start of the previous block's first line.
   Position positionOf(std::size_t offset) const;
@@ -78,5 +92,34 @@ class JsonInputStream {
 
 }  // namespace jsonio
 }  // namespace tarvo
+
+// Whitespace and the plain runs of strings are scanned a block at a time, as RapidJSON scans
+// text in memory with SIMD; what stops a run (an escape, a quotation mark, a control
+// character, the end of the block) is left to the parser, so that every error offset stays.
+namespace rapidjson {
+
+template <>
+inline void SkipWhitespace(tarvo::jsonio::JsonInputStream& is) {
+  for (;;) {
+    char const c = is.Peek();
+    if (c != ' ' && c != '\n' && c != '\r' && c != '\t') return;
+    if (std::size_t const run = tarvo::jsonio::StringScan::whitespaceRun(is.runBegin(), is.runEnd()))
+      is.takeRun(run);
+    else
+      is.Take();  // the last byte of the block
+  }
+}
+
+template <>
+template <>
+inline void GenericReader<UTF8<>, UTF8<>, CrtAllocator>::ScanCopyUnescapedString(
+    tarvo::jsonio::JsonInputStream& is, GenericReader<UTF8<>, UTF8<>, CrtAllocator>::StackStream<char>& os) {
+  std::size_t const count = tarvo::jsonio::StringScan::plainRun(is.runBegin(), is.runEnd());
+  if (count == 0) return;
+  std::memcpy(os.Push(static_cast<SizeType>(count)), is.runBegin(), count);
+  is.takeRun(count);
+}
+
+}  // namespace rapidjson
 
 #endif

@@ -1,8 +1,13 @@
 #ifndef TARVO_STRINGSCAN_H
 #define TARVO_STRINGSCAN_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace tarvo {
 namespace jsonio {
@@ -23,6 +28,46 @@ class StringScan {
     std::uint64_t const low7 = 0x7F7F7F7F7F7F7F7Full;
     std::uint64_t const x = word ^ (0x0101010101010101ull * static_cast<unsigned char>(c));
     return ~(((x & low7) + low7) | x) & ~low7;
+  }
+
+  // The length of the leading run of [begin, end) that a JSON string holds as it stands: no
+  // quotation mark, no backslash, no control character.
+  static std::size_t plainRun(char const* begin, char const* end) {
+    char const* at = begin;
+#if defined(__SSE2__)
+    __m128i const quote = _mm_set1_epi8('"');
+    __m128i const backslash = _mm_set1_epi8('\\');
+    __m128i const control = _mm_set1_epi8(0x1F);
+    for (; end - at >= 16; at += 16) {
+      __m128i const bytes = _mm_loadu_si128(reinterpret_cast<__m128i const*>(at));
+      // Unsigned: a byte is at most 0x1F exactly when the larger of it and 0x1F is 0x1F.
+      __m128i const stop = _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(bytes, quote), _mm_cmpeq_epi8(bytes, backslash)),
+                                         _mm_cmpeq_epi8(_mm_max_epu8(bytes, control), control));
+      if (unsigned const mask = static_cast<unsigned>(_mm_movemask_epi8(stop)))
+        return static_cast<std::size_t>(at - begin) + static_cast<std::size_t>(__builtin_ctz(mask));
+    }
+#endif
+    for (; at < end; ++at)
+      if (*at == '"' || *at == '\\' || static_cast<unsigned char>(*at) < 0x20) break;
+    return static_cast<std::size_t>(at - begin);
+  }
+
+  // The length of the leading run of JSON whitespace in [begin, end).
+  static std::size_t whitespaceRun(char const* begin, char const* end) {
+    char const* at = begin;
+#if defined(__SSE2__)
+    for (; end - at >= 16; at += 16) {
+      __m128i const bytes = _mm_loadu_si128(reinterpret_cast<__m128i const*>(at));
+      __m128i const space = _mm_or_si128(
+          _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(' ')), _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\n'))),
+          _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('\r')), _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\t'))));
+      if (unsigned const mask = ~static_cast<unsigned>(_mm_movemask_epi8(space)) & 0xFFFFu)
+        return static_cast<std::size_t>(at - begin) + static_cast<std::size_t>(__builtin_ctz(mask));
+    }
+#endif
+    for (; at < end; ++at)
+      if (*at != ' ' && *at != '\n' && *at != '\r' && *at != '\t') break;
+    return static_cast<std::size_t>(at - begin);
   }
 };
 
