@@ -125,6 +125,27 @@ TEST(CommandLine, CheckRefusesTextThatIsNotJson) {
   EXPECT_EQ(piped.err,
             "(standard input): error: '(standard input)' is not JSON: a NUL byte at offset 26 follows the document.\n");
 
+  // The NUL byte is found while the document is read, beyond the first block of the file and
+  // in inflated text, or by a read of its own for the readers that open their files themselves.
+  std::string properties = "{\"MetaData\": [";
+  for (int i = 0; i < 2000; ++i)
+    properties += std::string(i ? ",\n" : "") + "{\"name\": \"p" + std::to_string(i) +
+                "\", \"value\": " + std::to_string(i) + "}";
+  properties += "]}\n";
+  ASSERT_GT(properties.size(), 1u << 16);
+  writeFile(dir.file("long.json"), properties + std::string("  \0\0{", 5));
+  writeFile(dir.file("traffic.json.gz"), gzip(readFile(kExamples + "noc_traffic.json") + std::string("\0", 1)));
+  writeFile(dir.file("constraints.json"), readFile(kExamples + "constraints.json") + std::string("\0", 1));
+  auto nulError = [&](std::string const& name, std::size_t offset) {
+    return dir.file(name) + ": error: '" + dir.file(name) + "' is not JSON: a NUL byte at offset " +
+           std::to_string(offset) + " follows the document.\n";
+  };
+  EXPECT_EQ(runInProcess({"check", dir.file("long.json")}).err, nulError("long.json", properties.size() + 2));
+  EXPECT_EQ(runInProcess({"check", dir.file("traffic.json.gz")}).err,
+            nulError("traffic.json.gz", readFile(kExamples + "noc_traffic.json").size()));
+  EXPECT_EQ(runInProcess({"check", dir.file("constraints.json")}).err,
+            nulError("constraints.json", readFile(kExamples + "constraints.json").size()));
+
   ToolRun const empty = runInProcess({"check", "--kind", "compiler-solution", dir.file("empty.json")});
   EXPECT_EQ(empty.exitCode, 1);
   EXPECT_EQ(empty.out, dir.file("empty.json") + ": FAILED (compiler-solution, 1 error)\n");

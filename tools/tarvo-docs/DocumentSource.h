@@ -9,6 +9,7 @@
 #include <functional>
 #include <istream>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace tarvo_docs {
@@ -42,13 +43,15 @@ class DocumentSource {
   }
 
   // Calls the stream form on the text; for a file, first opens it as the library's file
-  // forms do (`opener`), reporting a missing or unreadable file in the library's words.
+  // forms do (`opener`), reporting a missing or unreadable file in the library's words. A
+  // file's first NUL byte is noted on the way, so `firstNulByte` need not read it again.
   bool open(JsonDocumentFrame::Opener opener,
             std::function<bool(std::istream&, std::string const&)> const& streamForm) const;
 
-  // The offset of the first NUL byte of the text (inflated), or npos. The library's parser
-  // takes a NUL byte for the end of the text, so a document followed by one and anything
-  // after it reads as if the rest were not there.
+  // The offset of the first NUL byte of the text (inflated), or npos; a read through `open`
+  // that passed the whole text on has found it already. The library's parser takes a NUL
+  // byte for the end of the text, so a document followed by one and anything after it reads
+  // as if the rest were not there.
   std::size_t firstNulByte() const;
 
  private:
@@ -57,6 +60,7 @@ class DocumentSource {
 
   std::string m_name;
   std::shared_ptr<std::string const> m_text;
+  mutable std::optional<std::size_t> m_firstNul;
 };
 
 }  // namespace tarvo_docs

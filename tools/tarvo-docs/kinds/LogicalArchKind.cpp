@@ -62,7 +62,10 @@ class LogicalArchKind : public DocumentKind {
                                        HDGUIStatus& status) const override {
     auto loaded = std::make_unique<LoadedLogicalArch>();
     TQLogicalArchModel& model = loaded->model;
-    source.apply([&](auto&... where) { return TQLogicalArchReader::readFromJsonFile(where..., model, status); });
+    // The library's file form is this stream form on a plain file.
+    source.open(JsonDocumentFrame::Opener::PlainFile, [&](std::istream& in, std::string const& name) {
+      return TQLogicalArchReader::readFromJsonFile(in, name, model, status);
+    });
     return loaded;
   }
 };

@@ -46,14 +46,12 @@ class MetadataKind : public DocumentKind {
   std::unique_ptr<LoadedDocument> read(DocumentSource const& source, ToolOptions const&, HDGUIStatus&) const override {
     auto loaded = std::make_unique<LoadedMetadata>();
     KPEPrjMetaDataModel& model = loaded->model;
-    source.apply([&model](auto&... where) { readModel(model, where...); });
+    // The library's file form is this stream form on a plain file.
+    source.open(JsonDocumentFrame::Opener::PlainFile, [&model](std::istream& in, std::string const& name) {
+      model.readFromJSONStream(name, in);
+      return true;
+    });
     return loaded;
-  }
-
- private:
-  static void readModel(KPEPrjMetaDataModel& model, std::string const& file) { model.readFromJSONFile(file); }
-  static void readModel(KPEPrjMetaDataModel& model, std::istream& in, std::string const& name) {
-    model.readFromJSONStream(name, in);
   }
 };
 

@@ -135,8 +135,10 @@ class NocSolutionKind : public DocumentKind {
     auto loaded = std::make_unique<LoadedNocSolution>(options, status);
     HrdIPToolCntr::TrafficSpec const& spec = loaded->inputs.spec;
     CompRes& result = loaded->result;
-    source.apply(
-        [&](auto&... where) { return NOC::NOCJsonSolutionReader::readFromJsonFile(where..., spec, result, status); });
+    // The library's file form is this stream form on a file that may be compressed.
+    source.open(JsonDocumentFrame::Opener::AutoDetect, [&](std::istream& in, std::string const& name) {
+      return NOC::NOCJsonSolutionReader::readFromJsonFile(in, name, spec, result, status);
+    });
     loaded->solutionType = solutionTypeOf(source);
     loaded->result.setSolutionState(solutionStateOf(loaded->solutionType));
     return loaded;

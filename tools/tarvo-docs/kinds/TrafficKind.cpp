@@ -112,8 +112,10 @@ class TrafficKind : public DocumentKind {
                                        HDGUIStatus& status) const override {
     auto loaded = std::make_unique<LoadedTraffic>();
     TrafficSpec& spec = loaded->spec;
-    source.apply(
-        [&](auto&... where) { return NOC::NOCJsonTrafficSpecReader::readFromJsonFile(where..., spec, status); });
+    // The library's file form is this stream form on a file that may be compressed.
+    source.open(JsonDocumentFrame::Opener::AutoDetect, [&](std::istream& in, std::string const& name) {
+      return NOC::NOCJsonTrafficSpecReader::readFromJsonFile(in, name, spec, status);
+    });
     return loaded;
   }
 };
