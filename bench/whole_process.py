@@ -4,10 +4,10 @@
 For every generated document (see generate_documents.cpp) it runs, in each of RUNS rounds, the
 floor and `check`, `check --kind` and `convert` once, takes the median CPU time (user plus
 system) of the whole process and subtracts the program's start-up: the median time of
-converting the smallest document of the same kind with the same inputs. It prints each time over the floor that
-tarvo-bench-floor measures on the same text (parse plus validation from memory; for
-convert, that plus the validated pretty write), and the peak memory of convert above that
-of the smallest document over the size of the text written compactly.
+converting the smallest document of the same kind with the same inputs. It prints each time
+over the floor that tarvo-bench-floor measures on the same text (parse plus validation from
+memory; for convert, that plus the validated pretty write), and the peak memory of convert
+above that of the smallest document over the size of the text written compactly.
 """
 
 import argparse

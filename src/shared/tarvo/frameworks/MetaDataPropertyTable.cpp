@@ -33,11 +33,10 @@ void* MetaDataPropertyTable::allocate(std::size_t size, std::size_t alignment) {
       return m_blocks.back().get();
     }
     // A small document stays in one small block; a large one goes on in large pages.
-    std::size_t const blockSize = m_blocks.empty() ? kBlockSize : LargePageMemory::kPage;
-    m_blocks.emplace_back(
-        static_cast<char*>(m_blocks.empty() ? heapBlock(blockSize) : LargePageMemory::allocate(blockSize)));
+    bool const first = m_blocks.empty();
+    m_freeSize = first ? kBlockSize : LargePageMemory::kPage;
+    m_blocks.emplace_back(static_cast<char*>(first ? heapBlock(m_freeSize) : LargePageMemory::allocate(m_freeSize)));
     m_free = m_blocks.back().get();
-    m_freeSize = blockSize;
     return allocate(size, alignment);
   }
   void* const start = m_free + skip;

@@ -5,10 +5,6 @@
 #include <cstring>
 #include <utility>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
-
 #include "StringScan.h"
 
 namespace tarvo {

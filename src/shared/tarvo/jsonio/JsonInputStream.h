@@ -100,10 +100,9 @@ namespace rapidjson {
 
 template <>
 inline void SkipWhitespace(tarvo::jsonio::JsonInputStream& is) {
-  for (;;) {
-    char const c = is.Peek();
-    if (c != ' ' && c != '\n' && c != '\r' && c != '\t') return;
-    if (std::size_t const run = tarvo::jsonio::StringScan::whitespaceRun(is.runBegin(), is.runEnd()))
+  using tarvo::jsonio::StringScan;
+  while (StringScan::isWhitespace(is.Peek())) {
+    if (std::size_t const run = StringScan::whitespaceRun(is.runBegin(), is.runEnd()))
       is.takeRun(run);
     else
       is.Take();  // the last byte of the block

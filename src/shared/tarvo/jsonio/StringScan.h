@@ -30,8 +30,11 @@ class StringScan {
     return ~(((x & low7) + low7) | x) & ~low7;
   }
 
-  // The length of the leading run of [begin, end) that a JSON string holds as it stands: no
-  // quotation mark, no backslash, no control character.
+  static bool isWhitespace(char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; }
+  // A byte that a JSON string does not hold as it stands: quotation mark, backslash, control.
+  static bool endsPlainRun(char c) { return c == '"' || c == '\\' || static_cast<unsigned char>(c) < 0x20; }
+
+  // The length of the leading run of [begin, end) that a JSON string holds as it stands.
   static std::size_t plainRun(char const* begin, char const* end) {
     char const* at = begin;
 #if defined(__SSE2__)
@@ -42,13 +45,13 @@ class StringScan {
       __m128i const bytes = _mm_loadu_si128(reinterpret_cast<__m128i const*>(at));
       // Unsigned: a byte is at most 0x1F exactly when the larger of it and 0x1F is 0x1F.
       __m128i const stop = _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(bytes, quote), _mm_cmpeq_epi8(bytes, backslash)),
-                                         _mm_cmpeq_epi8(_mm_max_epu8(bytes, control), control));
+                                        _mm_cmpeq_epi8(_mm_max_epu8(bytes, control), control));
       if (unsigned const mask = static_cast<unsigned>(_mm_movemask_epi8(stop)))
         return static_cast<std::size_t>(at - begin) + static_cast<std::size_t>(__builtin_ctz(mask));
     }
 #endif
-    for (; at < end; ++at)
-      if (*at == '"' || *at == '\\' || static_cast<unsigned char>(*at) < 0x20) break;
+    while (at < end && !endsPlainRun(*at))
+      ++at;
     return static_cast<std::size_t>(at - begin);
   }
 
@@ -65,8 +68,8 @@ class StringScan {
         return static_cast<std::size_t>(at - begin) + static_cast<std::size_t>(__builtin_ctz(mask));
     }
 #endif
-    for (; at < end; ++at)
-      if (*at != ' ' && *at != '\n' && *at != '\r' && *at != '\t') break;
+    while (at < end && isWhitespace(*at))
+      ++at;
     return static_cast<std::size_t>(at - begin);
   }
 };
